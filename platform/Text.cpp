@@ -1,0 +1,204 @@
+#include "platform/Text.h"
+
+#include <algorithm>
+#include <cstdint>
+#include <memory>
+#include <vector>
+
+#include <unicode/brkiter.h>
+#include <unicode/bytestream.h>
+#include <unicode/casemap.h>
+#include <unicode/coll.h>
+#include <unicode/locid.h>
+#include <unicode/normalizer2.h>
+#include <unicode/uchar.h>
+#include <unicode/unistr.h>
+#include <unicode/utext.h>
+#include <unicode/utf8.h>
+
+namespace nookwise {
+namespace {
+
+bool isAscii(std::string_view text) {
+    return std::all_of(text.begin(), text.end(),
+                       [](char c) { return static_cast<signed char>(c) >= 0; });
+}
+
+char lowerAscii(char c) {
+    return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+}
+
+char upperAscii(char c) {
+    return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
+}
+
+bool isLetterAscii(char c) {
+    return lowerAscii(c) >= 'a' && lowerAscii(c) <= 'z';
+}
+
+/// Splits into stretches of valid UTF-8 and single bytes that are not.
+template <typename Valid, typename Invalid>
+void forEachStretch(std::string_view text, Valid valid, Invalid invalid) {
+    const auto* bytes = reinterpret_cast<const std::uint8_t*>(text.data());
+    std::size_t start = 0;
+    std::size_t position = 0;
+    while (position < text.size()) {
+        const auto before = position;
+        UChar32 codePoint = 0;
+        U8_NEXT(bytes, position, text.size(), codePoint);
+        if (codePoint >= 0) continue;
+        if (before > start) valid(text.substr(start, before - start));
+        // U8_NEXT may pass over several bytes of one broken sequence; all of them are kept.
+        invalid(text.substr(before, position - before));
+        start = position;
+    }
+    if (position > start) valid(text.substr(start, position - start));
+}
+
+icu::StringPiece piece(std::string_view text) {
+    return {text.data(), static_cast<std::int32_t>(text.size())};
+}
+
+using CaseMapping = void (*)(const char*, std::uint32_t, icu::StringPiece, icu::ByteSink&,
+                             icu::Edits*, UErrorCode&);
+
+std::string caseMapped(std::string_view text, CaseMapping mapping) {
+    std::string mapped;
+    mapped.reserve(text.size());
+    icu::StringByteSink<std::string> sink(&mapped);
+    forEachStretch(
+        text,
+        [&](std::string_view valid) {
+            UErrorCode status = U_ZERO_ERROR;
+            mapping("", 0, piece(valid), sink, nullptr, status);
+            if (U_FAILURE(status)) mapped += valid;
+        },
+        [&](std::string_view invalid) { mapped += invalid; });
+    return mapped;
+}
+
+std::string composed(std::string_view text) {
+    UErrorCode status = U_ZERO_ERROR;
+    const auto* normalizer = icu::Normalizer2::getNFCInstance(status);
+    std::string result;
+    icu::StringByteSink<std::string> sink(&result);
+    if (U_SUCCESS(status)) normalizer->normalizeUTF8(0, piece(text), sink, nullptr, status);
+    return U_SUCCESS(status) ? result : std::string(text);
+}
+
+struct CloseText {
+    void operator()(UText* text) const { utext_close(text); }
+};
+
+/// Calls `visit` with the byte range of each grapheme cluster until it returns false.
+template <typename Visit>
+void forEachCharacter(std::string_view text, Visit visit) {
+    UErrorCode status = U_ZERO_ERROR;
+    thread_local const std::unique_ptr<icu::BreakIterator> characters(
+        icu::BreakIterator::createCharacterInstance(icu::Locale::getRoot(), status));
+    const std::unique_ptr<UText, CloseText> view(
+        utext_openUTF8(nullptr, text.data(), static_cast<std::int64_t>(text.size()), &status));
+    if (characters == nullptr || U_FAILURE(status)) return;
+    characters->setText(view.get(), status);
+    if (U_FAILURE(status)) return;
+    auto start = characters->first();
+    for (auto end = characters->next(); end != icu::BreakIterator::DONE;
+         start = end, end = characters->next()) {
+        if (!visit(text.substr(static_cast<std::size_t>(start),
+                               static_cast<std::size_t>(end - start))))
+            return;
+    }
+}
+
+bool beginsWithLetter(std::string_view character) {
+    const auto* bytes = reinterpret_cast<const std::uint8_t*>(character.data());
+    std::size_t position = 0;
+    UChar32 codePoint = 0;
+    U8_NEXT(bytes, position, character.size(), codePoint);
+    return codePoint >= 0 && u_isalpha(codePoint) != 0;
+}
+
+/// True when each byte is a character: in ASCII only CR LF joins two bytes to one.
+bool bytesAreCharacters(std::string_view text) {
+    return isAscii(text) && text.find('\r') == std::string_view::npos;
+}
+
+std::unique_ptr<icu::Collator> makeCollator() {
+    UErrorCode status = U_ZERO_ERROR;
+    std::unique_ptr<icu::Collator> collator(icu::Collator::createInstance(status));
+    if (U_FAILURE(status)) return nullptr;
+    collator->setAttribute(UCOL_NUMERIC_COLLATION, UCOL_ON, status);
+    // The second level tells accents apart but not upper from lower case.
+    collator->setAttribute(UCOL_STRENGTH, UCOL_SECONDARY, status);
+    return U_SUCCESS(status) ? std::move(collator) : nullptr;
+}
+
+}  // namespace
+
+std::string lowercased(std::string_view text) {
+    if (!isAscii(text)) return caseMapped(text, &icu::CaseMap::utf8ToLower);
+    std::string lower(text);
+    std::transform(lower.begin(), lower.end(), lower.begin(), lowerAscii);
+    return lower;
+}
+
+std::string uppercased(std::string_view text) {
+    if (!isAscii(text)) return caseMapped(text, &icu::CaseMap::utf8ToUpper);
+    std::string upper(text);
+    std::transform(upper.begin(), upper.end(), upper.begin(), upperAscii);
+    return upper;
+}
+
+std::string lowercasedLetters(std::string_view text) {
+    std::string kept;
+    const auto lower = lowercased(text);
+    if (isAscii(lower)) {
+        std::copy_if(lower.begin(), lower.end(), std::back_inserter(kept), isLetterAscii);
+        return kept;
+    }
+    forEachCharacter(composed(lower), [&](std::string_view character) {
+        if (beginsWithLetter(character)) kept += character;
+        return true;
+    });
+    return kept;
+}
+
+std::size_t characterCount(std::string_view text) {
+    if (bytesAreCharacters(text)) return text.size();
+    std::size_t count = 0;
+    forEachCharacter(text, [&](std::string_view) { return ++count, true; });
+    return count;
+}
+
+std::string_view firstCharacters(std::string_view text, std::size_t count) {
+    if (bytesAreCharacters(text)) return text.substr(0, count);
+    std::size_t bytes = 0;
+    std::size_t taken = 0;
+    forEachCharacter(text, [&](std::string_view character) {
+        if (taken == count) return false;
+        ++taken;
+        bytes += character.size();
+        return true;
+    });
+    return text.substr(0, bytes);
+}
+
+std::string collationKey(std::string_view text) {
+    thread_local const auto collator = makeCollator();
+    if (collator == nullptr) return lowercased(text);
+    const auto wide = icu::UnicodeString::fromUTF8(piece(text));
+    std::string key(text.size() * 3 + 16, '\0');
+    const auto fill = [&] {
+        return collator->getSortKey(wide, reinterpret_cast<std::uint8_t*>(key.data()),
+                                    static_cast<std::int32_t>(key.size()));
+    };
+    auto length = static_cast<std::size_t>(fill());
+    if (length > key.size()) {
+        key.resize(length);
+        length = static_cast<std::size_t>(fill());
+    }
+    key.resize(length);
+    return key;
+}
+
+}  // namespace nookwise

@@ -1,0 +1,31 @@
+// The desktop around the application.
+#pragma once
+
+#include "platform/FileUrl.h"
+
+#include <string>
+#include <vector>
+
+namespace nookwise {
+
+/// An application that the desktop offers to the user.
+struct InstalledApplication {
+    /// The name shown to the user, UTF-8.
+    std::string name;
+    /// The desktop entry or the bundle.
+    FileUrl url;
+
+    friend bool operator==(const InstalledApplication&, const InstalledApplication&) = default;
+};
+
+/// All operations may be called from any thread.
+class Workspace {
+  public:
+    virtual ~Workspace() = default;
+
+    /// The applications registered with the desktop, without those it hides. Bundles that merely
+    /// lie in a folder are not among them. Ordered by URL.
+    virtual std::vector<InstalledApplication> applications() const = 0;
+};
+
+}  // namespace nookwise
