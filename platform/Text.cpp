@@ -123,9 +123,17 @@ bool bytesAreCharacters(std::string_view text) {
     return isAscii(text) && text.find('\r') == std::string_view::npos;
 }
 
+/// The user's locale. The POSIX one, which stands for none, orders by code points: no file viewer
+/// does.
+icu::Locale collationLocale() {
+    const auto& locale = icu::Locale::getDefault();
+    return std::string_view(locale.getVariant()) == "POSIX" ? icu::Locale::getRoot() : locale;
+}
+
 std::unique_ptr<icu::Collator> makeCollator() {
     UErrorCode status = U_ZERO_ERROR;
-    std::unique_ptr<icu::Collator> collator(icu::Collator::createInstance(status));
+    std::unique_ptr<icu::Collator> collator(
+        icu::Collator::createInstance(collationLocale(), status));
     if (U_FAILURE(status)) return nullptr;
     collator->setAttribute(UCOL_NUMERIC_COLLATION, UCOL_ON, status);
     // The second level tells accents apart but not upper from lower case.
