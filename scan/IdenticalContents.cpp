@@ -43,9 +43,10 @@ std::size_t pathCount(const Members& members) {
 
 /// Opens the files, each one once. Those that are gone, unreadable or of another length are left
 /// out.
-Members openMembers(const FileManager& files, std::span<const FileUrl> urls, std::int64_t length) {
+Members openMembers(const FileManager& files, std::span<const FileUrl> urls, std::int64_t length,
+                    const std::stop_token& stop) {
     Members members;
-    for (std::size_t position = 0; position < urls.size(); ++position) {
+    for (std::size_t position = 0; position < urls.size() && !stop.stop_requested(); ++position) {
         auto opened = files.open(urls[position]);
         if (!opened) continue;
         auto state = opened.value()->state();
@@ -125,7 +126,8 @@ std::vector<IdenticalFiles> compareSideBySide(const FileManager& files,
     std::vector<IdenticalFiles> found;
     std::vector<Chunk> buffers;
     std::vector<EqualSoFar> pending;
-    pending.push_back({.members = openMembers(files, urls, length), .digest = {}, .offset = 0});
+    pending.push_back(
+        {.members = openMembers(files, urls, length, stop), .digest = {}, .offset = 0});
     while (!pending.empty() && !stop.stop_requested()) {
         auto set = std::move(pending.back());
         pending.pop_back();
@@ -148,7 +150,7 @@ std::vector<IdenticalFiles> compareDigests(const FileManager& files, std::span<c
                                            std::int64_t length, const std::stop_token& stop) {
     std::map<std::string, IdenticalFiles> byDigest;
     std::map<std::pair<std::uint64_t, std::uint64_t>, std::uint64_t> pathsOfFile;
-    for (std::size_t position = 0; position < urls.size(); ++position) {
+    for (std::size_t position = 0; position < urls.size() && !stop.stop_requested(); ++position) {
         const auto opened = files.open(urls[position]);
         if (!opened) continue;
         const auto before = opened.value()->state();
