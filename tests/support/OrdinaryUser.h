@@ -11,7 +11,8 @@ namespace nookwise {
 class OrdinaryUser {
   public:
     OrdinaryUser() : isRoot_(::geteuid() == 0) {
-        if (isRoot_ && ::seteuid(nobody) != 0) throw std::runtime_error("cannot become another user");
+        if (isRoot_ && ::seteuid(nobody) != 0)
+            throw std::runtime_error("cannot become another user");
     }
     ~OrdinaryUser() {
         if (isRoot_ && ::seteuid(0) != 0) ::_exit(70);

@@ -1,0 +1,74 @@
+#include "tests/support/FailingFileManager.h"
+
+#include <utility>
+
+namespace nookwise {
+namespace {
+
+FileError ioError(const FileUrl& url, std::string operation) {
+    return {std::make_error_code(std::errc::io_error), url, std::move(operation)};
+}
+
+}  // namespace
+
+class FailingFileManager::Reader : public FileReader {
+  public:
+    Reader(const FailingFileManager& files, std::unique_ptr<FileReader> inner, FileUrl url)
+        : files_(files), inner_(std::move(inner)), url_(std::move(url)) {}
+
+    Result<State> state() const override {
+        if (files_.isTheFailingOne()) return ioError(url_, "state");
+        return inner_->state();
+    }
+
+    Result<std::size_t> read(std::span<std::byte> buffer) override {
+        if (files_.isTheFailingOne()) return ioError(url_, "read");
+        return inner_->read(buffer);
+    }
+
+  private:
+    const FailingFileManager& files_;
+    std::unique_ptr<FileReader> inner_;
+    FileUrl url_;
+};
+
+Result<std::monostate> FailingFileManager::enumerate(const FileUrl& root,
+                                                     const EnumerationRules& rules,
+                                                     const std::function<void(FoundFile&&)>& found,
+                                                     std::stop_token stop) const {
+    if (isTheFailingOne()) return ioError(root, "list");
+    const auto foundUnlessFailing = [&](FoundFile&& file) {
+        if (!isTheFailingOne()) found(std::move(file));
+    };
+    return inner_.enumerate(root, rules, foundUnlessFailing, std::move(stop));
+}
+
+Result<std::vector<FoundFile>> FailingFileManager::list(const FileUrl& folder) const {
+    if (isTheFailingOne()) return ioError(folder, "list");
+    return inner_.list(folder);
+}
+
+Result<FileAttributes> FailingFileManager::attributes(const FileUrl& url) const {
+    if (isTheFailingOne()) return ioError(url, "attributes");
+    return inner_.attributes(url);
+}
+
+Result<FileUrl> FailingFileManager::resolved(const FileUrl& url) const {
+    if (isTheFailingOne()) return ioError(url, "resolve");
+    return inner_.resolved(url);
+}
+
+Result<std::unique_ptr<FileReader>> FailingFileManager::open(const FileUrl& url) const {
+    if (isTheFailingOne()) return ioError(url, "open");
+    auto opened = inner_.open(url);
+    if (!opened) return opened;
+    return std::unique_ptr<FileReader>(
+        std::make_unique<Reader>(*this, std::move(opened.value()), url));
+}
+
+Result<VolumeFigures> FailingFileManager::volumeFigures(const FileUrl& url) const {
+    if (isTheFailingOne()) return ioError(url, "volume figures");
+    return inner_.volumeFigures(url);
+}
+
+}  // namespace nookwise
