@@ -1,0 +1,66 @@
+// A dashed rounded outline.
+import QtQuick
+import QtQuick.Shapes
+import Nookwise
+
+Shape {
+    id: outline
+
+    required property color color
+    property real radius: Theme.radiusCheck
+
+    readonly property real near: 0.5
+    readonly property real farX: width - 0.5
+    readonly property real farY: height - 0.5
+
+    ShapePath {
+        strokeColor: outline.color
+        strokeWidth: 1
+        strokeStyle: ShapePath.DashLine
+        dashPattern: [3, 3]
+        fillColor: "transparent"
+        startX: outline.near + outline.radius
+        startY: outline.near
+
+        PathLine {
+            x: outline.farX - outline.radius
+            y: outline.near
+        }
+        PathArc {
+            x: outline.farX
+            y: outline.near + outline.radius
+            radiusX: outline.radius
+            radiusY: outline.radius
+        }
+        PathLine {
+            x: outline.farX
+            y: outline.farY - outline.radius
+        }
+        PathArc {
+            x: outline.farX - outline.radius
+            y: outline.farY
+            radiusX: outline.radius
+            radiusY: outline.radius
+        }
+        PathLine {
+            x: outline.near + outline.radius
+            y: outline.farY
+        }
+        PathArc {
+            x: outline.near
+            y: outline.farY - outline.radius
+            radiusX: outline.radius
+            radiusY: outline.radius
+        }
+        PathLine {
+            x: outline.near
+            y: outline.near + outline.radius
+        }
+        PathArc {
+            x: outline.near + outline.radius
+            y: outline.near
+            radiusX: outline.radius
+            radiusY: outline.radius
+        }
+    }
+}

@@ -1,0 +1,67 @@
+// A quiet picture with a sentence, and what can be done next.
+import QtQuick
+import Nookwise
+
+Item {
+    id: empty
+
+    required property string picture
+    required property string title
+    required property string sentence
+    default property alias buttons: row.data
+
+    Column {
+        id: column
+
+        anchors.horizontalCenter: parent.horizontalCenter
+        // Optically in the middle.
+        y: Math.max(0, Math.round((parent.height - height) / 2) - 36)
+        width: Math.min(parent.width, 520)
+
+        Art {
+            anchors.horizontalCenter: parent.horizontalCenter
+            width: 285
+            height: 230
+            drawing: "art/" + empty.picture
+        }
+        Item {
+            width: 1
+            height: Theme.space6
+        }
+        Label {
+            width: parent.width
+            look: Theme.emptyTitle
+            text: empty.title
+            horizontalAlignment: Text.AlignHCenter
+            Accessible.ignored: false
+            Accessible.role: Accessible.Heading
+            Accessible.name: text
+        }
+        Item {
+            width: 1
+            height: 6
+        }
+        Label {
+            width: Math.min(parent.width, 440)
+            anchors.horizontalCenter: parent.horizontalCenter
+            look: Theme.lead
+            text: empty.sentence
+            color: Theme.ink2
+            wrapMode: Text.WordWrap
+            horizontalAlignment: Text.AlignHCenter
+            Accessible.ignored: false
+            Accessible.role: Accessible.StaticText
+            Accessible.name: text
+        }
+        Item {
+            width: 1
+            height: Theme.space6
+        }
+        Row {
+            id: row
+
+            anchors.horizontalCenter: parent.horizontalCenter
+            spacing: Theme.space2
+        }
+    }
+}

@@ -1,0 +1,74 @@
+// A button whose label names its result.
+import QtQuick
+import QtQuick.Templates as T
+import Nookwise
+
+T.Button {
+    id: button
+
+    enum Kind { Primary, Secondary, Quiet }
+
+    property int kind: PushButton.Kind.Secondary
+    property string glyph: ""
+    property int size: 40
+
+    readonly property bool primary: kind === PushButton.Kind.Primary
+    readonly property bool quiet: kind === PushButton.Kind.Quiet
+    readonly property color inkColor: !enabled ? Theme.disabledText : primary ? Theme.accentInk : quiet ? Theme.accent : Theme.ink
+    readonly property color fillColor: {
+        if (!enabled)
+            return Theme.disabledFill
+        if (primary)
+            return down ? Theme.accentPress : hovered ? Theme.accentHover : Theme.accent
+        if (quiet)
+            return down ? Theme.hoverSidebar : hovered ? Theme.hover : "transparent"
+        return down ? Theme.hoverSidebar : hovered ? Theme.hover : Theme.card
+    }
+
+    implicitHeight: size
+    implicitWidth: content.implicitWidth + leftPadding + rightPadding
+    horizontalPadding: quiet ? Theme.space2 : 18
+    spacing: Theme.space2
+    Accessible.role: Accessible.Button
+    Accessible.name: text
+    Keys.onReturnPressed: button.clicked()
+    Keys.onEnterPressed: button.clicked()
+
+    Rectangle {
+        anchors.fill: parent
+        radius: Theme.radiusButton
+        color: button.fillColor
+        border.width: button.primary && button.enabled || button.quiet ? 0 : Theme.hairline
+        border.color: button.enabled ? Theme.lineStrong : Theme.disabledLine
+
+        Behavior on color {
+            ColorAnimation {
+                duration: Theme.colourTime
+            }
+        }
+        FocusRing {
+            visible: button.visualFocus
+        }
+    }
+    Row {
+        id: content
+
+        anchors.centerIn: parent
+        spacing: button.spacing
+
+        Icon {
+            visible: button.glyph !== ""
+            anchors.verticalCenter: parent.verticalCenter
+            glyph: button.glyph === "" ? "check" : button.glyph
+            size: button.size >= 40 ? 20 : 18
+            color: button.inkColor
+        }
+        Label {
+            anchors.verticalCenter: parent.verticalCenter
+            look: button.size >= 40 ? Theme.body : Theme.small
+            weight: Font.DemiBold
+            text: button.text
+            color: button.inkColor
+        }
+    }
+}

@@ -1,0 +1,93 @@
+// One of several identical files.
+import QtQuick
+import Nookwise
+
+Rectangle {
+    id: tile
+
+    required property string place
+    required property string name
+    required property string age
+    required property bool kept
+    required property string kindGroup
+    required property string kindLabel
+    required property string spoken
+    required property bool marked
+
+    height: 84
+    radius: Theme.radiusCard
+    color: kept ? Theme.wash : Theme.card
+    border.width: kept ? Theme.strongLine : Theme.hairline
+    border.color: kept ? Theme.accent : Theme.lineStrong
+    Accessible.role: Accessible.ListItem
+    Accessible.name: spoken
+
+    FileWell {
+        id: well
+
+        x: 14
+        anchors.verticalCenter: parent.verticalCenter
+        width: 56
+        height: 56
+        group: tile.kindGroup
+        label: tile.kindLabel
+    }
+    Column {
+        anchors.left: well.right
+        anchors.leftMargin: Theme.space3
+        anchors.right: parent.right
+        anchors.rightMargin: Theme.space3
+        anchors.verticalCenter: parent.verticalCenter
+
+        Label {
+            id: placeLabel
+
+            width: parent.width
+            look: Theme.small
+            lineHeight: Theme.smallTight.line
+            weight: Font.Medium
+            text: tile.place
+            elide: Text.ElideMiddle
+        }
+        Label {
+            id: nameLabel
+
+            width: parent.width
+            look: Theme.caption
+            color: Theme.ink2
+            text: tile.name
+            elide: Text.ElideMiddle
+        }
+        Item {
+            width: 1
+            height: Theme.space1
+        }
+        Row {
+            spacing: Theme.space2
+
+            Tag {
+                text: tile.kept ? "Kept" : "Extra"
+                glyph: tile.kept ? "check" : ""
+                color: tile.kept ? Theme.accent : Theme.sunken
+                inkColor: tile.kept ? Theme.accentInk : Theme.ink2
+            }
+            Label {
+                anchors.verticalCenter: parent.verticalCenter
+                look: Theme.caption
+                color: Theme.ink3
+                text: tile.age
+            }
+        }
+    }
+    FocusRing {
+        around: Theme.radiusCard
+        visible: tile.marked
+    }
+    HoverHandler {
+        id: hover
+    }
+    Tip {
+        text: tile.place + "/" + tile.name
+        visible: hover.hovered && (nameLabel.truncated || placeLabel.truncated)
+    }
+}

@@ -1,0 +1,85 @@
+// Groups of copies, one card each. Arrows move from copy to copy.
+pragma ComponentBehavior: Bound
+import QtQuick
+import QtQuick.Templates as T
+import Nookwise
+
+ListView {
+    id: list
+
+    required property Frame frame
+    required property DuplicatesModel duplicates
+
+    property int currentCopy: 0
+    // The focus came from the mouse: no ring until a key is pressed.
+    property bool pointed: false
+
+    topMargin: Theme.space4
+    clip: true
+    model: duplicates.rows
+    reuseItems: true
+    boundsBehavior: Flickable.StopAtBounds
+    activeFocusOnTab: true
+    keyNavigationEnabled: false
+    highlightMoveDuration: 0
+    Accessible.role: Accessible.List
+    Accessible.name: duplicates.title
+    T.ScrollBar.vertical: ThinScrollBar {}
+
+    // To the nearest line of copies in that direction; headings hold none.
+    function step(lines: int) {
+        const direction = lines < 0 ? -1 : 1
+        let target = Math.max(0, Math.min(count - 1, currentIndex + lines))
+        for (let row = target; row >= 0 && row < count; row += direction) {
+            currentIndex = row
+            if (!(currentItem as DuplicateRow)?.heading)
+                break
+        }
+        if ((currentItem as DuplicateRow)?.heading)
+            currentIndex = Math.min(count - 1, currentIndex + 1)
+        if (currentIndex <= 1)
+            positionViewAtBeginning()
+        stepCopy(0)
+    }
+
+    function stepCopy(copies: int) {
+        const last = ((currentItem as DuplicateRow)?.copies.length ?? 1) - 1
+        currentCopy = Math.max(0, Math.min(last, currentCopy + copies))
+    }
+
+    onActiveFocusChanged: {
+        if (!activeFocus)
+            pointed = false
+        else
+            step(0)
+    }
+    Keys.onPressed: event => {
+        pointed = false
+        const page = Math.max(1, Math.floor(height / 96) - 1)
+        if (event.key === Qt.Key_Up)
+            step(-1)
+        else if (event.key === Qt.Key_Down)
+            step(1)
+        else if (event.key === Qt.Key_Left)
+            stepCopy(-1)
+        else if (event.key === Qt.Key_Right)
+            stepCopy(1)
+        else if (event.key === Qt.Key_PageUp)
+            step(-page)
+        else if (event.key === Qt.Key_PageDown)
+            step(page)
+        else if (event.key === Qt.Key_Home)
+            step(-count)
+        else if (event.key === Qt.Key_End)
+            step(count)
+        else
+            return
+        event.accepted = true
+    }
+    delegate: DuplicateRow {
+        x: list.frame.margin
+        width: list.frame.column
+        columns: list.duplicates.columns
+        markedCopy: ListView.isCurrentItem && list.activeFocus && !list.pointed ? list.currentCopy : -1
+    }
+}

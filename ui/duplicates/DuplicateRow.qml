@@ -1,0 +1,97 @@
+// One line of a group's card: its heading, or copies side by side.
+pragma ComponentBehavior: Bound
+import QtQuick
+import Nookwise
+
+Item {
+    id: row
+
+    required property bool heading
+    required property bool last
+    required property string title
+    required property string caption
+    required property string size
+    required property var copies
+    required property int perLine
+    required property int columns
+    // The copy with the keyboard's focus, or -1.
+    required property int markedCopy
+
+    readonly property int inner: Theme.space4
+    readonly property int tileGap: 10
+    readonly property real tileWidth: (width - 2 * inner - (perLine - 1) * tileGap) / perLine
+
+    height: heading ? 59 : 84 + (last ? Theme.space4 + Theme.space3 : tileGap)
+    clip: true
+    Accessible.role: heading ? Accessible.Heading : Accessible.Grouping
+    Accessible.name: heading ? title + ", " + caption + ", " + size : title
+
+    Card {
+        // The card goes on behind the next line; only its ends are rounded.
+        y: row.heading ? 0 : -2 * radius
+        width: parent.width
+        height: row.height + (row.heading ? 2 * radius : row.last ? 2 * radius - Theme.space3 : 4 * radius)
+    }
+    Item {
+        visible: row.heading
+        x: row.inner
+        width: parent.width - 2 * row.inner
+        y: 14
+        height: 32
+
+        Label {
+            id: titleLabel
+
+            anchors.verticalCenter: parent.verticalCenter
+            width: Math.min(implicitWidth, parent.width - captionLabel.implicitWidth - sizeLabel.implicitWidth - 2 * row.tileGap)
+            look: Theme.subhead
+            text: row.title
+            elide: Text.ElideMiddle
+        }
+        Label {
+            id: captionLabel
+
+            anchors.left: titleLabel.right
+            anchors.leftMargin: row.tileGap
+            anchors.verticalCenter: parent.verticalCenter
+            look: Theme.small
+            color: Theme.ink2
+            text: row.caption
+        }
+        Label {
+            id: sizeLabel
+
+            anchors.right: parent.right
+            anchors.verticalCenter: parent.verticalCenter
+            look: Theme.small
+            weight: Font.DemiBold
+            text: row.size
+        }
+    }
+    Row {
+        visible: !row.heading
+        x: row.inner
+        spacing: row.tileGap
+
+        Repeater {
+            model: row.columns
+
+            CopyTile {
+                required property int index
+
+                readonly property var copy: row.copies[index] ?? null
+
+                visible: copy !== null
+                width: row.tileWidth
+                place: copy?.place ?? ""
+                name: copy?.name ?? ""
+                age: copy?.age ?? ""
+                kept: copy?.kept ?? false
+                kindGroup: copy?.kindGroup ?? "other"
+                kindLabel: copy?.kindLabel ?? ""
+                spoken: copy?.spoken ?? ""
+                marked: index === row.markedCopy
+            }
+        }
+    }
+}

@@ -1,0 +1,47 @@
+// Groups of copies, cut into the lines of a list.
+#pragma once
+
+#include "app/AppStore.h"
+#include "platform/Clock.h"
+
+#include <QAbstractListModel>
+
+namespace nookwise {
+
+/// Each group is a heading followed by lines of up to `columns` copies, so that a group of
+/// thousands costs no more to draw than the lines in view. Roles: heading (bool), last (the group's
+/// last line), and of a heading title, caption, size; of a line perLine (the group's copies that
+/// fit side by side) and copies, a list of maps with place, name, age, kept, kindGroup, kindLabel,
+/// spoken.
+class DuplicateRows : public QAbstractListModel {
+  public:
+    DuplicateRows(const AppStore& store, const Clock& clock, FileUrl home)
+        : store_(store), clock_(clock), home_(std::move(home)) {}
+
+    int rowCount(const QModelIndex& parent = {}) const override;
+    QVariant data(const QModelIndex& index, int role) const override;
+    QHash<int, QByteArray> roleNames() const override;
+
+    /// The groups changed, or how many copies stand side by side.
+    void cut(int columns);
+
+  private:
+    enum Role { heading = Qt::UserRole, last, title, caption, size, perLine, copies };
+
+    struct Line {
+        std::size_t group = 0;
+        std::size_t firstCopy = 0;
+        /// 0 for a heading.
+        std::size_t copies = 0;
+    };
+
+    QVariantList copiesOf(const DuplicateGroup& group, const Line& line) const;
+
+    const AppStore& store_;
+    const Clock& clock_;
+    FileUrl home_;
+    std::vector<Line> lines_;
+    std::size_t columns_ = 1;
+};
+
+}  // namespace nookwise

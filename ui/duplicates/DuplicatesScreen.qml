@@ -1,0 +1,85 @@
+// The review of identical files.
+import QtQuick
+import Nookwise
+
+ContentScreen {
+    id: screen
+
+    required property DuplicatesModel duplicates
+    required property PilesModel piles
+    required property ScanModel scan
+
+    readonly property bool empty: duplicates.empty && !scan.scanning
+    readonly property int topEdge: frame.low ? Theme.space4 : Theme.space5
+
+    function takeFocus() {
+        tabs.focusSelected(Qt.OtherFocusReason)
+    }
+
+    Binding {
+        target: screen.duplicates
+        property: "columns"
+        value: screen.frame.narrow ? 2 : 3
+    }
+    PileTabs {
+        id: tabs
+
+        x: screen.frame.margin
+        y: screen.topEdge
+        piles: screen.piles
+        scanning: screen.scan.scanning
+        narrow: screen.frame.narrow
+    }
+    PileHeader {
+        id: header
+
+        anchors.top: tabs.bottom
+        anchors.topMargin: screen.frame.low ? 14 : Theme.space5
+        x: screen.frame.margin
+        width: screen.frame.column
+        visible: !screen.empty
+        frame: screen.frame
+        name: "duplicates"
+        count: screen.scan.scanning ? 1 : screen.duplicates.count
+        title: screen.duplicates.title
+        subtitle: screen.duplicates.subtitle
+        total: screen.scan.scanning ? "" : screen.duplicates.totalText
+        countText: screen.duplicates.countText
+    }
+    DuplicateList {
+        anchors.fill: content
+        visible: !screen.scan.scanning && !screen.empty
+        frame: screen.frame
+        duplicates: screen.duplicates
+    }
+    DuplicatesScanning {
+        anchors.fill: content
+        visible: screen.scan.scanning
+        frame: screen.frame
+        scan: screen.scan
+    }
+    EmptyState {
+        anchors.fill: content
+        visible: screen.empty
+        picture: "nook-one-of-everything"
+        title: "One of everything"
+        sentence: "No copies across Desktop, Documents and Downloads."
+    }
+    Item {
+        id: content
+
+        anchors.top: screen.empty ? tabs.bottom : header.bottom
+        anchors.bottom: actions.visible ? actions.top : parent.bottom
+        width: parent.width
+    }
+    ActionBar {
+        id: actions
+
+        anchors.bottom: parent.bottom
+        width: parent.width
+        visible: !screen.empty && !screen.scan.scanning
+        frame: screen.frame
+        sentence: screen.duplicates.comesBackText
+        caption: "One copy of every file stays where it is"
+    }
+}

@@ -1,0 +1,27 @@
+// The application on the user's own folders.
+#include "platform/linux/Environment.h"
+#include "platform/linux/IniUserDefaults.h"
+#include "platform/linux/LinuxFileManager.h"
+#include "platform/linux/LinuxMetadata.h"
+#include "platform/linux/LinuxUserFolders.h"
+#include "platform/linux/LinuxWorkspace.h"
+#include "platform/linux/QtTasks.h"
+#include "platform/linux/SystemClock.h"
+#include "ui/window/Application.h"
+
+#include <cstdlib>
+
+int main(int argc, char* argv[]) {
+    using namespace nookwise;
+    const auto application = Application::create(argc, argv);
+    if (!application) return EXIT_FAILURE;
+    const BaseFolders base = baseFolders(processEnvironment);
+    const LinuxFileManager files;
+    const LinuxMetadata metadata(base);
+    const LinuxUserFolders folders;
+    const LinuxWorkspace workspace(desktopEntryFolders(base));
+    const SystemClock clock;
+    IniUserDefaults defaults(userDefaultsFile(base));
+    QtTasks tasks;
+    return application->run({files, metadata, folders, workspace, clock, tasks}, defaults);
+}

@@ -1,0 +1,170 @@
+// The main window.
+pragma ComponentBehavior: Bound
+import QtQuick
+import QtQuick.Window
+import Nookwise
+
+Window {
+    id: window
+
+    required property ScanModel scan
+    required property PilesModel piles
+    required property DiskModel disk
+    required property SidebarModel sidebar
+    required property HomeModel home
+    required property SweepModel sweep
+    required property DuplicatesModel duplicates
+
+    readonly property Frame frame: Frame {
+        width: window.width
+        height: window.height
+    }
+
+    width: 1200
+    height: 760
+    minimumWidth: 960
+    minimumHeight: 640
+    title: "Nookwise"
+    flags: Qt.Window | Qt.FramelessWindowHint
+    color: Theme.paper
+
+    function showSection() {
+        const shared = {
+            frame: frame,
+            piles: piles,
+            scan: scan
+        }
+        switch (sidebar.section) {
+        case "sweep":
+            screens.setSource("../sweep/SweepScreen.qml", Object.assign(shared, {
+                sweep: sweep
+            }))
+            break
+        case "duplicates":
+            screens.setSource("../duplicates/DuplicatesScreen.qml", Object.assign(shared, {
+                duplicates: duplicates
+            }))
+            break
+        default:
+            screens.setSource("../home/HomeScreen.qml", Object.assign(shared, {
+                home: home,
+                disk: disk
+            }))
+        }
+    }
+
+    function focusContent() {
+        (screens.item as ContentScreen)?.takeFocus()
+    }
+
+    function cycleFocus() {
+        if (sections.holdsFocus())
+            focusContent()
+        else
+            sections.takeFocus()
+    }
+
+    Sidebar {
+        id: sections
+
+        width: window.frame.sidebar
+        height: parent.height
+        frame: window.frame
+        sections: window.sidebar
+        disk: window.disk
+    }
+    DragArea {
+        anchors.left: sections.right
+        anchors.right: parent.right
+        height: window.frame.dragHeight
+    }
+    Loader {
+        id: screens
+
+        anchors.left: sections.right
+        anchors.right: parent.right
+        height: parent.height
+        focus: true
+        onLoaded: {
+            window.focusContent()
+            appear.restart()
+        }
+
+        ParallelAnimation {
+            id: appear
+
+            NumberAnimation {
+                target: screens
+                property: "opacity"
+                from: 0
+                to: 1
+                duration: Theme.moveTime
+            }
+            NumberAnimation {
+                target: screens
+                property: "y"
+                from: 8
+                to: 0
+                duration: Theme.moveTime
+                easing.type: Easing.OutCubic
+            }
+        }
+    }
+    WindowControls {
+        anchors.right: parent.right
+        anchors.rightMargin: Theme.space3
+        y: 10
+    }
+    Rectangle {
+        anchors.fill: parent
+        visible: window.visibility === Window.Windowed
+        color: "transparent"
+        border.width: Theme.hairline
+        border.color: Theme.lineStrong
+    }
+    ResizeBorders {
+        anchors.fill: parent
+        visible: window.visibility === Window.Windowed
+    }
+
+    Repeater {
+        model: window.sidebar.rows
+
+        Item {
+            id: entry
+
+            required property string key
+            required property string shortcut
+
+            Shortcut {
+                sequence: entry.shortcut
+                onActivated: window.sidebar.open(entry.key)
+            }
+        }
+    }
+    Shortcut {
+        sequence: "Ctrl+R"
+        onActivated: window.scan.scanAgain()
+    }
+    Shortcut {
+        sequence: "Ctrl+Q"
+        onActivated: Qt.quit()
+    }
+    Shortcut {
+        sequence: "F6"
+        onActivated: window.cycleFocus()
+    }
+
+    Connections {
+        target: window.sidebar
+
+        function onSectionChanged() {
+            window.showSection()
+        }
+    }
+
+    Component.onCompleted: {
+        showSection()
+        scan.startFirstScan()
+    }
+}
