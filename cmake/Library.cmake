@@ -6,7 +6,9 @@ target_compile_options(nookwise_warnings INTERFACE
   -Wnon-virtual-dtor -Woverloaded-virtual -Wcast-align -Wformat=2 -Wnull-dereference
   -Wimplicit-fallthrough -Werror
   # GCC 12 takes the growth of a std::string for an overlapping copy at -O2 and above (fixed in GCC 13).
-  -Wno-restrict)
+  -Wno-restrict
+  # Fields that an initializer does not name keep their default values; that is what the defaults are for.
+  -Wno-missing-field-initializers)
 
 function(nookwise_library name)
   cmake_parse_arguments(ARG "" "" "SOURCES;PUBLIC;PRIVATE" ${ARGN})
