@@ -4,6 +4,7 @@
 #include "platform/Metadata.h"
 #include "platform/UserFolders.h"
 #include "platform/Workspace.h"
+#include "scan/InstalledApps.h"
 
 #include <chrono>
 #include <utility>
@@ -13,19 +14,15 @@ namespace {
 
 constexpr std::chrono::seconds diskRefreshInterval{120};
 
-std::vector<AppInfo> installedApps(const Platform& platform) {
+std::vector<AppInfo> installedApps(const Platform& platform, const std::stop_token& stop) {
     std::vector<AppInfo> apps;
-    const auto add = [&](const FileUrl& url) {
-        apps.push_back({url, platform.metadata.lastUsed(url)});
-    };
-    for (const auto& folder : platform.folders.applications()) {
-        const auto entries = platform.files.list(folder);
-        if (!entries) continue;
-        for (const auto& entry : entries.value()) {
-            if (entry.url.pathExtension() == "app") add(entry.url);
-        }
+    for (const auto& application :
+         installedApplications(platform.files, platform.folders, platform.workspace, stop)) {
+        // A desktop entry is read with every menu: that says nothing of its application.
+        const bool isBundle = application.url.pathExtension() == "app";
+        apps.push_back({application.url,
+                        isBundle ? platform.metadata.lastUsed(application.url) : std::nullopt});
     }
-    for (const auto& application : platform.workspace.applications()) add(application.url);
     return apps;
 }
 
@@ -43,12 +40,18 @@ AppStore::AppStore(const Platform& platform) : platform_(platform) {}
 
 AppStore::~AppStore() {
     scanStop_.request_stop();
+    appsStop_.request_stop();
 }
 
 void AppStore::loadApps() {
-    platform_.tasks.detach(TaskPriority::utility, [weak = weak_from_this(), platform = platform_] {
-        platform.tasks.post([weak, found = installedApps(platform)]() mutable {
-            if (const auto store = weak.lock()) store->apps.set(std::move(found));
+    appsStop_.request_stop();
+    appsStop_ = std::stop_source();
+    platform_.tasks.detach(TaskPriority::utility, [weak = weak_from_this(), platform = platform_,
+                                                   stop = appsStop_.get_token()] {
+        platform.tasks.post([weak, stop, found = installedApps(platform, stop)]() mutable {
+            const auto store = weak.lock();
+            // Only the newest list lands: an older one may be done later.
+            if (store && !stop.stop_requested()) store->apps.set(std::move(found));
         });
     });
 }

@@ -102,6 +102,7 @@ class AppStore : public std::enable_shared_from_this<AppStore> {
     Platform platform_;
     std::int64_t scanGeneration_ = 0;
     std::stop_source scanStop_{std::nostopstate};
+    std::stop_source appsStop_{std::nostopstate};
     std::unique_ptr<Tasks::Delay> nextDiskRefresh_;
 };
 

@@ -114,8 +114,11 @@ class FileManager {
                                              const std::function<void(FoundFile&&)>& found,
                                              std::stop_token stop) const = 0;
 
-    /// The immediate entries of a folder that are not hidden, in the order of the names' bytes.
-    virtual Result<std::vector<FoundFile>> list(const FileUrl& folder) const = 0;
+    /// The immediate entries of a folder that are not hidden, in the order of the names' bytes. A
+    /// package's sizes are missing: summing them up may take longer than listing. Fails soon after
+    /// a stop request.
+    virtual Result<std::vector<FoundFile>> list(const FileUrl& folder,
+                                                std::stop_token stop) const = 0;
 
     virtual Result<FileAttributes> attributes(const FileUrl& url) const = 0;
 

@@ -3,6 +3,7 @@
 
 #include "platform/FileUrl.h"
 
+#include <stop_token>
 #include <string>
 #include <vector>
 
@@ -24,8 +25,9 @@ class Workspace {
     virtual ~Workspace() = default;
 
     /// The applications registered with the desktop, without those it hides. Bundles that merely
-    /// lie in a folder are not among them. Ordered by URL.
-    virtual std::vector<InstalledApplication> applications() const = 0;
+    /// lie in a folder are not among them. Ordered by URL. After a stop request it returns soon
+    /// with some of them.
+    virtual std::vector<InstalledApplication> applications(std::stop_token stop) const = 0;
 };
 
 }  // namespace nookwise

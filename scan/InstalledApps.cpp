@@ -16,21 +16,28 @@ std::string letters(std::string_view text) {
     return lowercasedLetters(text);
 }
 
-InstalledAppNames installedAppNames(const FileManager& files, const UserFolders& folders,
-                                    const Workspace& workspace) {
-    InstalledAppNames names;
-    const auto add = [&](std::string_view name) {
-        auto key = letters(name);
-        if (characterCount(key) >= minimumKeyLength)
-            names.insert_or_assign(std::move(key), std::string(name));
-    };
-    for (const auto& application : workspace.applications()) add(application.name);
+std::vector<InstalledApplication> installedApplications(const FileManager& files,
+                                                        const UserFolders& folders,
+                                                        const Workspace& workspace,
+                                                        const std::stop_token& stop) {
+    auto applications = workspace.applications(stop);
     for (const auto& folder : folders.applications()) {
-        const auto entries = files.list(folder);
+        const auto entries = files.list(folder, stop);
         if (!entries) continue;
         for (const auto& entry : entries.value()) {
-            if (entry.url.pathExtension() == "app") add(entry.url.stem());
+            if (entry.url.pathExtension() != "app") continue;
+            applications.push_back({std::string(entry.url.stem()), entry.url});
         }
+    }
+    return applications;
+}
+
+InstalledAppNames installedAppNames(std::span<const InstalledApplication> applications) {
+    InstalledAppNames names;
+    for (const auto& application : applications) {
+        auto key = letters(application.name);
+        if (characterCount(key) < minimumKeyLength) continue;
+        names.insert_or_assign(std::move(key), application.name);
     }
     return names;
 }

@@ -6,8 +6,11 @@
 #include "platform/Workspace.h"
 
 #include <map>
+#include <span>
+#include <stop_token>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace nookwise {
 
@@ -17,11 +20,16 @@ using InstalledAppNames = std::map<std::string, std::string>;
 /// The letters of a text in lower case: "Blue Kite Setup 1.2" gives "bluekitesetup".
 std::string letters(std::string_view text);
 
-/// Application bundles in the application folders, a later folder's name counting over an earlier
-/// one's, and the desktop's registered applications. Names with fewer than three letters are left
-/// out.
-InstalledAppNames installedAppNames(const FileManager& files, const UserFolders& folders,
-                                    const Workspace& workspace);
+/// The desktop's registered applications, and after them the bundles in the application folders.
+/// Incomplete after a stop request.
+std::vector<InstalledApplication> installedApplications(const FileManager& files,
+                                                        const UserFolders& folders,
+                                                        const Workspace& workspace,
+                                                        const std::stop_token& stop);
+
+/// A later name counts over an earlier one of the same letters. Names with fewer than three letters
+/// are left out.
+InstalledAppNames installedAppNames(std::span<const InstalledApplication> applications);
 
 /// The name of the application whose letters are the longest beginning of the installer's letters,
 /// or null. Valid as long as `apps` is not changed.

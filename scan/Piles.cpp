@@ -57,8 +57,9 @@ std::vector<SweepItem> installersPile(std::span<const FileItem> downloads,
             const auto* application = applicationOfInstaller(apps, letters(file.url.stem()));
             if (application == nullptr) continue;
             const auto date = arrival(file);
-            pile.push_back(
-                {file, *application + " is installed", date && now - *date > installerGrace});
+            pile.push_back({.file = file,
+                            .reason = *application + " is installed",
+                            .preselected = date && now - *date > installerGrace});
         }
     }
     sortLargestFirst(pile);
@@ -75,7 +76,9 @@ std::vector<SweepItem> screenshotsPile(std::span<const FileItem> desktop,
         for (const auto& file : candidates) {
             if (stop.stop_requested()) return pile;
             if (!isOldScreenshot(file, metadata, now)) continue;
-            pile.push_back({file, "taken " + Fmt::ago(arrival(file), now), true});
+            pile.push_back({.file = file,
+                            .reason = "taken " + Fmt::ago(arrival(file), now),
+                            .preselected = true});
         }
     }
     std::stable_sort(pile.begin(), pile.end(), [](const SweepItem& a, const SweepItem& b) {
@@ -95,7 +98,9 @@ std::vector<SweepItem> forgottenPile(std::span<const FileItem> downloads, const 
         const auto date = file.lastUsed ? file.lastUsed : arrival(file);
         if (!date || now - *date <= forgottenAge) continue;
         claimed.insert(file.url);
-        pile.push_back({std::move(file), "untouched since " + Fmt::ago(date, now), true});
+        pile.push_back({.file = std::move(file),
+                        .reason = "untouched since " + Fmt::ago(date, now),
+                        .preselected = true});
     }
     sortLargestFirst(pile);
     return pile;
@@ -115,7 +120,8 @@ std::vector<SweepItem> largePile(std::span<const FileItem> files, const Metadata
                           ? "opened " + Fmt::ago(date, now)
                           : "not opened in " + std::to_string(months) + " months";
         claimed.insert(file.url);
-        pile.push_back({std::move(file), std::move(reason), false});
+        pile.push_back(
+            {.file = std::move(file), .reason = std::move(reason), .preselected = false});
     }
     sortLargestFirst(pile);
     return pile;

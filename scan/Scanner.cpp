@@ -43,12 +43,13 @@ ScanResult Scanner::runBlocking(const Progress& progress, std::stop_token stop) 
 
     ScanResult result;
     if (stop.stop_requested()) return result;
-    result.piles[PileKind::installers] =
-        installersPile(downloads, desktop, installedAppNames(files_, folders_, workspace_), now);
+    result.piles[PileKind::installers] = installersPile(
+        downloads, desktop,
+        installedAppNames(installedApplications(files_, folders_, workspace_, stop)), now);
 
     std::vector<FileItem> elsewhere;
     if (const auto folder = folders_.screenshots(); folder && !isRoot(*folder, scanned)) {
-        elsewhere = topLevelFiles(files_, *folder);
+        elsewhere = topLevelFiles(files_, *folder, stop);
     }
     auto& screenshots = result.piles[PileKind::screenshots];
     screenshots = screenshotsPile(desktop, downloads, elsewhere, metadata_, now, stop);

@@ -127,9 +127,10 @@ FileItem fileItem(FoundFile&& found) {
             .lastUsed = std::nullopt};
 }
 
-std::vector<FileItem> topLevelFiles(const FileManager& files, const FileUrl& folder) {
+std::vector<FileItem> topLevelFiles(const FileManager& files, const FileUrl& folder,
+                                    const std::stop_token& stop) {
     std::vector<FileItem> items;
-    auto entries = files.list(folder);
+    auto entries = files.list(folder, stop);
     if (!entries) return items;
     for (auto& entry : entries.value()) {
         if (entry.attributes.type == FileType::regular) items.push_back(fileItem(std::move(entry)));

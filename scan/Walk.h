@@ -28,8 +28,9 @@ bool isProject(std::span<const std::string_view> entryNames);
 /// The record of a file. The allocated size counts, else the file's own size, else 0.
 FileItem fileItem(FoundFile&& found);
 
-/// The regular files and packages immediately in a folder; empty when it cannot be listed.
-std::vector<FileItem> topLevelFiles(const FileManager& files, const FileUrl& folder);
+/// The regular files immediately in a folder; empty when it cannot be listed.
+std::vector<FileItem> topLevelFiles(const FileManager& files, const FileUrl& folder,
+                                    const std::stop_token& stop);
 
 /// A root that is `home` or holds it is not read. A root that lies inside another one is read once,
 /// as itself, and of two roots that are the same folder the first one counts.

@@ -70,6 +70,16 @@ FileAttributes withPackageContents(const struct statx& status, const FileUrl& ur
     return attributes;
 }
 
+/// Without the sizes of packages.
+FileAttributes listedAttributes(const struct statx& status, std::string_view name) {
+    const auto type = typeOf(status);
+    if (type != FileType::folder || !namesPackage(name)) return attributesOf(status, type);
+    auto attributes = attributesOf(status, FileType::package);
+    attributes.allocatedSize = std::nullopt;
+    attributes.fileSize = std::nullopt;
+    return attributes;
+}
+
 }  // namespace
 
 Result<std::monostate> LinuxFileManager::enumerate(const FileUrl& root,
@@ -82,18 +92,19 @@ Result<std::monostate> LinuxFileManager::enumerate(const FileUrl& root,
     return std::monostate{};
 }
 
-Result<std::vector<FoundFile>> LinuxFileManager::list(const FileUrl& folder) const {
+Result<std::vector<FoundFile>> LinuxFileManager::list(const FileUrl& folder,
+                                                      std::stop_token stop) const {
     const auto opened = openPath(folder.path(), O_RDONLY | O_DIRECTORY);
     FolderEntries listing;
-    if (!opened || !listing.read(opened.get(), {})) return failure(folder, "list");
-    listing.keepVisibleSorted({});
+    if (!opened || !listing.read(opened.get(), stop) || !listing.keepVisibleSorted(stop)) {
+        return failure(folder, "list");
+    }
     std::vector<FoundFile> entries;
     for (const auto& entry : listing.entries()) {
+        if (stop.stop_requested()) return failure(folder, "list", ECANCELED);
         struct statx status {};
         if (!statBelow(opened.get(), entry.name, status)) continue;
-        auto url = folder.append(entry.view());
-        auto attributes = withPackageContents(status, url);
-        entries.push_back({std::move(url), attributes});
+        entries.push_back({folder.append(entry.view()), listedAttributes(status, entry.view())});
     }
     return entries;
 }

@@ -94,11 +94,12 @@ std::vector<FileUrl> desktopEntryFolders(const BaseFolders& base) {
 LinuxWorkspace::LinuxWorkspace(std::vector<FileUrl> desktopEntryFolders)
     : desktopEntryFolders_(std::move(desktopEntryFolders)) {}
 
-std::vector<InstalledApplication> LinuxWorkspace::applications() const {
+std::vector<InstalledApplication> LinuxWorkspace::applications(std::stop_token stop) const {
     std::vector<InstalledApplication> found;
     std::set<std::string> seen;
     for (const auto& folder : desktopEntryFolders_) {
         for (const auto& url : entriesBelow(folder)) {
+            if (stop.stop_requested()) return found;
             const auto entry = readEntry(url);
             if (!entry || !seen.insert(desktopEntryId(url, folder)).second) continue;
             if (auto name = shownName(entry.get())) found.push_back({std::move(*name), url});

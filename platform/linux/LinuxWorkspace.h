@@ -18,7 +18,7 @@ class LinuxWorkspace : public Workspace {
 
     /// The names are in the user's language. Of entries of the same id in several folders only the
     /// one in the first folder counts, also when it hides the application.
-    std::vector<InstalledApplication> applications() const override;
+    std::vector<InstalledApplication> applications(std::stop_token stop) const override;
 
   private:
     std::vector<FileUrl> desktopEntryFolders_;

@@ -62,6 +62,36 @@ TEST_F(Launch, loadsTheApplicationsInTheBackground) {
                            AppInfo{FileUrl("/home/user/Applications/Own.app"), std::nullopt}}));
 }
 
+TEST_F(Launch, dropsAListOfApplicationsThatIsDoneAfterANewerOne) {
+    world.files.addPackage("/Applications/Old.app");
+    const auto store = AppStore::create(world.platform());
+    const auto older = world.tasks.takeBackgroundTask();
+    scan(*store);
+    world.files.addPackage("/Applications/Late.app");
+    older();
+    world.tasks.runUiTasks();
+    EXPECT_EQ(store->apps.get(),
+              (std::vector{AppInfo{FileUrl("/Applications/Old.app"), std::nullopt}}));
+}
+
+TEST_F(Launch, theStoresEndStopsTheLoadingOfTheApplications) {
+    world.files.addPackage("/Applications/Blue Kite.app");
+    auto store = AppStore::create(world.platform());
+    const auto loading = world.tasks.takeBackgroundTask();
+    store.reset();
+    loading();
+    EXPECT_TRUE(world.metadata.asked().empty()) << "nothing was listed any more";
+    world.tasks.runUiTasks();
+}
+
+TEST_F(Launch, doesNotTakeTheReadingOfADesktopEntryForUseOfItsApplication) {
+    const FileUrl entry("/usr/share/applications/kite.desktop");
+    world.workspace.installed = {{"Kite", entry}};
+    world.metadata.setLastUsed(entry.path(), ago(day));
+    const auto store = launch();
+    EXPECT_EQ(store->apps.get(), (std::vector{AppInfo{entry, std::nullopt}}));
+}
+
 TEST_F(Launch, doesNotScan) {
     addForgotten();
     int enumerations = 0;

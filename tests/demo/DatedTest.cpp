@@ -36,7 +36,7 @@ TEST_F(Dated, filesHaveTheirAgreedDateAndSizeHoweverTheyAreAskedFor) {
     ASSERT_EQ(found.size(), 2U);
     expectAgreed(found[0].attributes);
 
-    const auto listed = files.list(FileUrl("/home"));
+    const auto listed = files.list(FileUrl("/home"), {});
     ASSERT_TRUE(listed);
     expectAgreed(listed.value().at(0).attributes);
 
@@ -57,7 +57,7 @@ TEST_F(Dated, withoutAnAgreedSizeTheRealOneCounts) {
 
 TEST_F(Dated, failuresArePassedOn) {
     EXPECT_FALSE(files.attributes(FileUrl("/home/missing")));
-    EXPECT_FALSE(files.list(FileUrl("/missing")));
+    EXPECT_FALSE(files.list(FileUrl("/missing"), {}));
     EXPECT_FALSE(files.enumerate(FileUrl("/missing"), {}, [](FoundFile&&) {}, {}));
 }
 

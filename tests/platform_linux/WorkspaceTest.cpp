@@ -17,7 +17,7 @@ std::string entryText(std::string_view name, std::string_view furtherLines = {})
 class Workspace : public ::testing::Test {
   protected:
     std::vector<InstalledApplication> applications() const {
-        return LinuxWorkspace({home_.url("user"), home_.url("system")}).applications();
+        return LinuxWorkspace({home_.url("user"), home_.url("system")}).applications({});
     }
     std::vector<std::string> names() const {
         std::vector<std::string> names;
@@ -33,7 +33,7 @@ using Names = std::vector<std::string>;
 
 TEST_F(Workspace, isEmptyWithoutFolders) {
     EXPECT_TRUE(applications().empty());
-    EXPECT_TRUE(LinuxWorkspace({}).applications().empty());
+    EXPECT_TRUE(LinuxWorkspace({}).applications({}).empty());
 }
 
 TEST_F(Workspace, givesNameAndEntryInTheOrderOfTheEntries) {

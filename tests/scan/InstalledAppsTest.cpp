@@ -9,7 +9,8 @@ namespace {
 class InstalledApps : public testing::Test {
   protected:
     InstalledAppNames names() {
-        return installedAppNames(world.files, world.folders, world.workspace);
+        return installedAppNames(
+            installedApplications(world.files, world.folders, world.workspace, {}));
     }
 
     FakePlatform world;

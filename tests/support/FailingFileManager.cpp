@@ -43,9 +43,10 @@ Result<std::monostate> FailingFileManager::enumerate(const FileUrl& root,
     return inner_.enumerate(root, rules, foundUnlessFailing, std::move(stop));
 }
 
-Result<std::vector<FoundFile>> FailingFileManager::list(const FileUrl& folder) const {
+Result<std::vector<FoundFile>> FailingFileManager::list(const FileUrl& folder,
+                                                        std::stop_token stop) const {
     if (isTheFailingOne()) return ioError(folder, "list");
-    return inner_.list(folder);
+    return inner_.list(folder, std::move(stop));
 }
 
 Result<FileAttributes> FailingFileManager::attributes(const FileUrl& url) const {

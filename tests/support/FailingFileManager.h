@@ -23,7 +23,7 @@ class FailingFileManager : public FileManager {
     Result<std::monostate> enumerate(const FileUrl& root, const EnumerationRules& rules,
                                      const std::function<void(FoundFile&&)>& found,
                                      std::stop_token stop) const override;
-    Result<std::vector<FoundFile>> list(const FileUrl& folder) const override;
+    Result<std::vector<FoundFile>> list(const FileUrl& folder, std::stop_token stop) const override;
     Result<FileAttributes> attributes(const FileUrl& url) const override;
     Result<FileUrl> resolved(const FileUrl& url) const override;
     Result<std::unique_ptr<FileReader>> open(const FileUrl& url) const override;

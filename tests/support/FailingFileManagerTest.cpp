@@ -13,7 +13,7 @@ std::string outcome(const FileManager& files) {
     std::string done;
     const auto note = [&](const char* name, const auto& result) { done += result ? name : "-"; };
     note("e", files.enumerate(FileUrl("/r"), {}, [&](FoundFile&&) { done += "f"; }, {}));
-    note("l", files.list(FileUrl("/r")));
+    note("l", files.list(FileUrl("/r"), {}));
     note("a", files.attributes(FileUrl("/r/a")));
     note("r", files.resolved(FileUrl("/r/a")));
     note("v", files.volumeFigures(FileUrl("/")));

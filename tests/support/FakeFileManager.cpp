@@ -306,7 +306,8 @@ bool FakeFileManager::isSkipped(const Enumeration& enumeration, const FileUrl& f
     return rules.skipsFolderHolding && rules.skipsFolderHolding(views);
 }
 
-Result<std::vector<FoundFile>> FakeFileManager::list(const FileUrl& folder) const {
+Result<std::vector<FoundFile>> FakeFileManager::list(const FileUrl& folder,
+                                                     std::stop_token stop) const {
     announce(FakeOperation::Kind::list, folder);
     const std::lock_guard lock(mutex_);
     std::string path(folder.path());
@@ -314,6 +315,7 @@ Result<std::vector<FoundFile>> FakeFileManager::list(const FileUrl& folder) cons
     if (node == nullptr) return failure(std::errc::no_such_file_or_directory, folder, "list");
     if (!node->holdsEntries()) return failure(std::errc::not_a_directory, folder, "list");
     if (!node->readable) return failure(std::errc::permission_denied, folder, "list");
+    if (stop.stop_requested()) return failure(std::errc::operation_canceled, folder, "list");
     std::vector<FoundFile> found;
     for (const auto& [name, entry] : node->entries) {
         if (!isHidden(name)) found.push_back({folder.append(name), entry->attributes});

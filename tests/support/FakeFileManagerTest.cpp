@@ -98,15 +98,16 @@ TEST_F(FakeFiles, listWhatIsDirectlyInAFolder) {
     files.addFile("/r/a/x");
     files.addFile("/r/.hidden");
     files.addOther("/r/c");
-    const auto listed = files.list(FileUrl("/r"));
+    const auto listed = files.list(FileUrl("/r"), {});
     ASSERT_TRUE(listed);
     ASSERT_EQ(listed.value().size(), 3u);
     EXPECT_EQ(listed.value()[0].attributes.type, FileType::folder);
     EXPECT_EQ(listed.value()[1].url, FileUrl("/r/b"));
     EXPECT_EQ(listed.value()[1].attributes.fileSize, 3);
     EXPECT_EQ(listed.value()[2].attributes.type, FileType::other);
-    EXPECT_EQ(files.list(FileUrl("/nowhere")).error().code, std::errc::no_such_file_or_directory);
-    EXPECT_EQ(files.list(FileUrl("/r/b")).error().code, std::errc::not_a_directory);
+    EXPECT_EQ(files.list(FileUrl("/nowhere"), {}).error().code,
+              std::errc::no_such_file_or_directory);
+    EXPECT_EQ(files.list(FileUrl("/r/b"), {}).error().code, std::errc::not_a_directory);
 }
 
 TEST_F(FakeFiles, resolveEveryLinkOnAPath) {

@@ -7,7 +7,9 @@ namespace nookwise {
 
 class FakeWorkspace : public Workspace {
   public:
-    std::vector<InstalledApplication> applications() const override { return installed; }
+    std::vector<InstalledApplication> applications(std::stop_token) const override {
+        return installed;
+    }
 
     std::vector<InstalledApplication> installed;
 };

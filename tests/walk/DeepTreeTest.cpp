@@ -1,4 +1,6 @@
 #include "platform/linux/OpenAt.h"
+#include "scan/DuplicateFinder.h"
+#include "scan/Walk.h"
 #include "tests/support/TemporaryFolder.h"
 #include "tests/walk/Walked.h"
 
@@ -19,14 +21,16 @@ namespace {
 /// means, because most tools cannot reach that deep.
 class Chain {
   public:
-    Chain(const std::filesystem::path& top, int levels) : top_(top), levels_(levels) {
+    Chain(const std::filesystem::path& top, int levels, std::string_view contents)
+        : top_(top), levels_(levels) {
         FileDescriptor at(::open(top.c_str(), O_RDONLY | O_DIRECTORY));
         for (int i = 0; i < levels; ++i) {
             if (::mkdirat(at.get(), name, 0700) != 0) break;
             at = FileDescriptor(::openat(at.get(), name, O_RDONLY | O_DIRECTORY));
         }
         const FileDescriptor file(::openat(at.get(), "bottom.pdf", O_CREAT | O_WRONLY, 0600));
-        isMade_ = ::write(file.get(), "deep", 4) == 4;
+        isMade_ = ::write(file.get(), contents.data(), contents.size()) ==
+                  static_cast<ssize_t>(contents.size());
     }
 
     ~Chain() {
@@ -56,7 +60,7 @@ class Chain {
 
 TEST(DeepTree, aFileTwoThousandFoldersDownIsFoundOpenedAndExamined) {
     const TemporaryFolder home;
-    const Chain chain(home.path(), 2000);
+    const Chain chain(home.path(), 2000, "deep");
     ASSERT_TRUE(chain.isMade());
     const auto paths = walkedPaths(home.url());
     ASSERT_THAT(paths, ::testing::ElementsAre(chain.relativePath()));
@@ -71,10 +75,25 @@ TEST(DeepTree, aFileTwoThousandFoldersDownIsFoundOpenedAndExamined) {
     EXPECT_EQ(opened.value()->read(buffer).value(), 4U);
 }
 
+TEST(DeepTree, aCopyAsDeepIsFound) {
+    const TemporaryFolder home;
+    const std::string contents(100'000, 'c');
+    const Chain chain(home.path(), 1000, contents);
+    ASSERT_TRUE(chain.isMade());
+    home.write("top.pdf", contents);
+    const LinuxFileManager files;
+    std::vector<FileItem> items;
+    const auto found = [&](FoundFile&& file) { items.push_back(fileItem(std::move(file))); };
+    ASSERT_TRUE(files.enumerate(home.url(), {}, found, {}));
+    const auto groups = findDuplicates(files, items, {});
+    ASSERT_EQ(groups.size(), 1U);
+    EXPECT_EQ(groups[0].files.size(), 2U);
+}
+
 TEST(DeepTree, aPackageAsDeepIsMeasured) {
     const TemporaryFolder home;
     home.makeFolder("Deep.pages");
-    const Chain chain(home.path("Deep.pages"), 1000);
+    const Chain chain(home.path("Deep.pages"), 1000, "deep");
     ASSERT_TRUE(chain.isMade());
     EXPECT_EQ(walkedAttributes(home.url()).at("Deep.pages").fileSize, 4);
 }

@@ -22,7 +22,7 @@ TEST(FolderListing, holdsTheVisibleEntriesOfOneFolderWithTheirTypesInByteOrder) 
     home.write("a folder/inside.txt", "");
     home.write("Tool.app/Contents/Info.plist", "12");
     std::filesystem::create_symlink("b.txt", home.path("link"));
-    const auto listed = LinuxFileManager().list(home.url());
+    const auto listed = LinuxFileManager().list(home.url(), {});
     ASSERT_TRUE(listed);
     std::vector<std::string> names;
     std::vector<FileType> types;
@@ -33,13 +33,23 @@ TEST(FolderListing, holdsTheVisibleEntriesOfOneFolderWithTheirTypesInByteOrder) 
     EXPECT_THAT(names, ElementsAre("Tool.app", "a folder", "b.txt", "link"));
     EXPECT_THAT(types, ElementsAre(FileType::package, FileType::folder, FileType::regular,
                                    FileType::other));
-    EXPECT_EQ(listed.value()[0].attributes.fileSize, 2);
+    EXPECT_FALSE(listed.value()[0].attributes.fileSize) << "summing up is not listing";
     EXPECT_EQ(listed.value()[2].attributes.fileSize, 5);
+}
+
+TEST(FolderListing, failsAfterAStopRequest) {
+    const TemporaryFolder home;
+    home.write("file.txt", "x");
+    std::stop_source source;
+    source.request_stop();
+    const auto listed = LinuxFileManager().list(home.url(), source.get_token());
+    ASSERT_FALSE(listed);
+    EXPECT_EQ(listed.error().code, std::errc::operation_canceled);
 }
 
 TEST(FolderListing, failsOnAFolderThatIsMissing) {
     const TemporaryFolder home;
-    const auto listed = LinuxFileManager().list(home.url("missing"));
+    const auto listed = LinuxFileManager().list(home.url("missing"), {});
     ASSERT_FALSE(listed);
     EXPECT_EQ(listed.error().url, home.url("missing"));
 }

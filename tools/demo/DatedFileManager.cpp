@@ -13,8 +13,9 @@ Result<std::monostate> DatedFileManager::enumerate(const FileUrl& root,
     return files_.enumerate(root, rules, foundAgreed, std::move(stop));
 }
 
-Result<std::vector<FoundFile>> DatedFileManager::list(const FileUrl& folder) const {
-    auto entries = files_.list(folder);
+Result<std::vector<FoundFile>> DatedFileManager::list(const FileUrl& folder,
+                                                      std::stop_token stop) const {
+    auto entries = files_.list(folder, std::move(stop));
     if (entries) {
         for (auto& entry : entries.value()) agree(entry.url, entry.attributes);
     }
