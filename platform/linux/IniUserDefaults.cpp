@@ -37,10 +37,18 @@ FileUrl userDefaultsFile(const BaseFolders& folders) {
 }
 
 IniUserDefaults::IniUserDefaults(const FileUrl& file)
-    : settings_(usableName(file), QSettings::IniFormat) {
+    : settings_(usableName(file), QSettings::IniFormat), isBroken_(false) {
     // Asking for the keys is what makes it look at every line.
     (void)settings_.allKeys();
-    if (settings_.status() == QSettings::FormatError) settings_.clear();
+    isBroken_ = settings_.status() == QSettings::FormatError;
+}
+
+void IniUserDefaults::putBrokenFileAside() {
+    if (!isBroken_) return;
+    isBroken_ = false;
+    // Fails where an earlier one lies there: that one is more likely to hold something.
+    QFile::rename(settings_.fileName(), settings_.fileName() + QStringLiteral(".broken"));
+    settings_.clear();
 }
 
 std::optional<bool> IniUserDefaults::boolean(std::string_view key) const {
@@ -56,12 +64,14 @@ void IniUserDefaults::setBoolean(std::string_view key, bool value) {
 }
 
 std::optional<std::string> IniUserDefaults::string(std::string_view key) const {
+    if (isBroken_) return std::nullopt;
     const auto value = settings_.value(text(key));
     if (value.typeId() != QMetaType::QString) return std::nullopt;
     return value.toString().toStdString();
 }
 
 void IniUserDefaults::setString(std::string_view key, std::string_view value) {
+    putBrokenFileAside();
     settings_.setValue(text(key), text(value));
     createForOwner(settings_.fileName());
     // Otherwise a killed process would lose it.
@@ -69,6 +79,7 @@ void IniUserDefaults::setString(std::string_view key, std::string_view value) {
 }
 
 void IniUserDefaults::removeAllWithPrefix(std::string_view prefix) {
+    if (isBroken_) return;
     const auto beginning = text(prefix);
     const auto keys = settings_.allKeys();
     for (const auto& key : keys) {

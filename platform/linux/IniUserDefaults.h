@@ -12,7 +12,9 @@ namespace nookwise {
 FileUrl userDefaultsFile(const BaseFolders& folders);
 
 /// The file is created by the first setting, for its owner's eyes only, and written anew with each.
-/// One that is not an INI file from beginning to end counts as empty.
+/// One that is not an INI file from beginning to end counts as empty; it is put aside, its name
+/// followed by
+/// ".broken", when the first setting is written.
 class IniUserDefaults : public UserDefaults {
   public:
     explicit IniUserDefaults(const FileUrl& file);
@@ -24,7 +26,10 @@ class IniUserDefaults : public UserDefaults {
     void removeAllWithPrefix(std::string_view prefix) override;
 
   private:
+    void putBrokenFileAside();
+
     QSettings settings_;
+    bool isBroken_;
 };
 
 }  // namespace nookwise

@@ -3,6 +3,9 @@
 #include "tests/support/OrdinaryUser.h"
 #include "tests/support/TemporaryFolder.h"
 
+#include <fstream>
+#include <iterator>
+
 #include <gtest/gtest.h>
 
 namespace nookwise {
@@ -97,6 +100,24 @@ TEST_F(IniDefaults, readAnotherTypeAsNone) {
         EXPECT_EQ(defaults.string(key), std::nullopt) << key;
     }
     EXPECT_EQ(defaults.boolean("text"), true);
+}
+
+TEST_F(IniDefaults, leaveATornFileAsItIsUntilSomethingIsSetAndThenPutItAside) {
+    const std::string torn = "[General]\nonboarded=true\nskipConf";
+    home_.write("config/Nookwise/Nookwise.ini", torn);
+    const auto contents = [&](const char* name) {
+        std::ifstream stream(home_.path(name), std::ios::binary);
+        return std::string(std::istreambuf_iterator<char>(stream), {});
+    };
+    {
+        IniUserDefaults defaults(file_);
+        EXPECT_EQ(defaults.boolean("onboarded"), std::nullopt);
+        defaults.removeAllWithPrefix("skipConfirm.");
+    }
+    EXPECT_EQ(contents("config/Nookwise/Nookwise.ini"), torn);
+    IniUserDefaults(file_).setBoolean("onboarded", true);
+    EXPECT_EQ(contents("config/Nookwise/Nookwise.ini.broken"), torn);
+    EXPECT_EQ(IniUserDefaults(file_).boolean("onboarded"), true);
 }
 
 TEST_F(IniDefaults, areEmptyWhenTheFileIsTorn) {
