@@ -3,11 +3,13 @@
 #include "platform/linux/FolderEntries.h"
 
 #include <algorithm>
+#include <chrono>
 #include <condition_variable>
 #include <list>
 #include <memory>
 #include <mutex>
 #include <string>
+#include <system_error>
 #include <thread>
 #include <utility>
 #include <vector>
@@ -24,6 +26,10 @@ constexpr std::size_t mostFilesAhead = 8'192;
 constexpr std::size_t mostFoldersAhead = 1'024;
 // How many attributes are read between two looks at the stop request.
 constexpr std::size_t stopStride = 256;
+
+// A stop request that comes between a thread's test and its wait is not heard: how long it may wait
+// then.
+constexpr std::chrono::milliseconds longestWait{20};
 
 struct Folder;
 
@@ -130,8 +136,6 @@ class Walk {
         : root_(root.get()), rules_(rules), outer_(stop, [this] { requestStop(); }) {
         top_.url = url;
         top_.place = unread_.insert(unread_.end(), {&top_});
-        const auto threads = std::clamp(std::thread::hardware_concurrency(), 1U, mostThreads);
-        for (unsigned i = 1; i < threads; ++i) helpers_.emplace_back([this] { readAhead(); });
     }
 
     ~Walk() {
@@ -149,6 +153,7 @@ class Walk {
             std::size_t nextFile = 0;
             std::size_t nextChild = 0;
         };
+        startHelpers();
         FolderReader reader(root_, rules_, stop_.get_token());
         std::vector<Step> path;
         if (waitFor(top_, reader)) path.push_back({&top_});
@@ -174,10 +179,20 @@ class Walk {
     }
 
   private:
+    /// Where the system gives no more threads, the calling one does their work too.
+    void startHelpers() {
+        const auto threads = std::clamp(std::thread::hardware_concurrency(), 1U, mostThreads);
+        try {
+            for (unsigned i = 1; i < threads; ++i) helpers_.emplace_back([this] { readAhead(); });
+        } catch (const std::system_error&) {
+            return;
+        }
+    }
+
     void requestStop() {
         stop_.request_stop();
-        // Taken so that no thread is between its test and its wait.
-        { const std::lock_guard lock(mutex_); }
+        // Without the lock, which a thread of the lowest priority may hold while the UI thread
+        // calls this.
         changed_.notify_all();
     }
 
@@ -192,9 +207,8 @@ class Walk {
 
     /// Lets the others see a folder that was read, and puts its children in its place. The lock is
     /// held.
-    void publish(Folder& folder) {
-        for (auto& child : folder.children)
-            child.folder->place = unread_.insert(folder.place, {child.folder.get()});
+    void publish(Folder& folder, UnreadFolders& children) {
+        unread_.splice(folder.place, children);
         unread_.erase(folder.place);
         folder.isRead = true;
         filesAhead_ += folder.files.size();
@@ -205,8 +219,12 @@ class Walk {
     void readUnlocked(std::unique_lock<std::mutex>& lock, Folder& folder, FolderReader& reader) {
         lock.unlock();
         reader.read(folder);
+        UnreadFolders children;
+        for (auto& child : folder.children) {
+            child.folder->place = children.insert(children.end(), {child.folder.get()});
+        }
         lock.lock();
-        publish(folder);
+        publish(folder, children);
     }
 
     /// Reads other folders while another thread reads this one. False after a stop request.
@@ -216,7 +234,7 @@ class Walk {
             if (auto* const other = take()) {
                 readUnlocked(lock, *other, reader);
             } else {
-                changed_.wait(lock);
+                changed_.wait_for(lock, longestWait);
             }
         }
         return !stop_.stop_requested();
@@ -231,7 +249,7 @@ class Walk {
             if (auto* const folder = isFarAhead ? nullptr : take()) {
                 readUnlocked(lock, *folder, reader);
             } else {
-                changed_.wait(lock);
+                changed_.wait_for(lock, longestWait);
             }
         }
     }

@@ -58,6 +58,14 @@ std::optional<Date> date(const struct statx& status, unsigned mask, const statx_
     return Date(Seconds(static_cast<double>(time.tv_sec) + time.tv_nsec * 1e-9));
 }
 
+/// A file system may claim anything.
+std::int64_t allocatedBytes(std::uint64_t blocks) {
+    constexpr std::uint64_t blockSize =
+        512;  // the unit of the count, whatever the file system's own
+    constexpr auto most = static_cast<std::uint64_t>(std::numeric_limits<std::int64_t>::max());
+    return static_cast<std::int64_t>(blocks > most / blockSize ? most : blocks * blockSize);
+}
+
 /// Sparse files can claim more bytes together than a figure holds.
 void addUpTo(std::int64_t& sum, std::int64_t size) {
     if (__builtin_add_overflow(sum, size, &sum)) sum = std::numeric_limits<std::int64_t>::max();
@@ -118,12 +126,10 @@ const std::vector<std::string_view>& FolderEntries::names() {
 }
 
 FileAttributes attributesOf(const struct statx& status, FileType type) {
-    constexpr std::int64_t blockSize =
-        512;  // the unit of st_blocks, whatever the file system's own
     FileAttributes attributes;
     attributes.type = type;
     if ((status.stx_mask & STATX_BLOCKS) != 0) {
-        attributes.allocatedSize = static_cast<std::int64_t>(status.stx_blocks) * blockSize;
+        attributes.allocatedSize = allocatedBytes(status.stx_blocks);
     }
     if ((status.stx_mask & STATX_SIZE) != 0)
         attributes.fileSize = static_cast<std::int64_t>(status.stx_size);
