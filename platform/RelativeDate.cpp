@@ -57,11 +57,16 @@ icu::Calendar* userCalendar() {
     return calendar.get();
 }
 
-const icu::RelativeDateTimeFormatter& shortEnglish() {
-    thread_local UErrorCode status = U_ZERO_ERROR;
-    thread_local const icu::RelativeDateTimeFormatter formatter(
-        icu::Locale::getEnglish(), nullptr, UDAT_STYLE_SHORT, UDISPCTX_CAPITALIZATION_NONE, status);
-    return formatter;
+struct ShortEnglish {
+    /// Of the construction. ICU does nothing with a formatter when told of its failure.
+    UErrorCode status = U_ZERO_ERROR;
+    icu::RelativeDateTimeFormatter formatter{icu::Locale::getEnglish(), nullptr, UDAT_STYLE_SHORT,
+                                             UDISPCTX_CAPITALIZATION_NONE, status};
+};
+
+const ShortEnglish& shortEnglish() {
+    thread_local const ShortEnglish shared;
+    return shared;
 }
 
 }  // namespace
@@ -81,9 +86,10 @@ std::string relativeText(Date date, Date now) {
         unit = candidate.unit;
         break;
     }
-    UErrorCode status = U_ZERO_ERROR;
+    const auto& english = shortEnglish();
+    UErrorCode status = english.status;
     icu::UnicodeString text;
-    shortEnglish().formatNumeric(count, unit, text, status);
+    english.formatter.formatNumeric(count, unit, text, status);
     std::string utf8;
     return text.toUTF8String(utf8);
 }

@@ -3,10 +3,12 @@
 
 #include <algorithm>
 #include <atomic>
+#include <cassert>
 #include <compare>
 #include <cstdint>
 #include <functional>
 #include <initializer_list>
+#include <limits>
 #include <new>
 #include <string_view>
 #include <utility>
@@ -27,6 +29,7 @@ class SharedBytes {
         std::size_t size = 0;
         for (const auto part : parts) size += part.size();
         if (size == 0) return;
+        assert(size <= std::numeric_limits<std::uint32_t>::max());
         block_ =
             new (::operator new(sizeof(Block) + size)) Block{1, static_cast<std::uint32_t>(size)};
         char* end = block_->bytes();

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <array>
-#include <stdexcept>
 #include <vector>
 
 #include <openssl/evp.h>
@@ -10,18 +9,13 @@
 namespace nookwise {
 namespace {
 
-/// Fails only for want of memory or with a broken libcrypto: nothing that a caller could act on.
-void require(bool done) {
-    if (!done) throw std::runtime_error("SHA-256 is not available");
-}
-
 constexpr std::size_t digestSize = 32;
 constexpr std::size_t readChunk = 1'048'576;
 
 }  // namespace
 
 struct Sha256::State {
-    State() : context(EVP_MD_CTX_new()) { require(context != nullptr); }
+    State() : context(EVP_MD_CTX_new()) {}
     ~State() { EVP_MD_CTX_free(context); }
     State(const State&) = delete;
     State& operator=(const State&) = delete;
@@ -32,11 +26,12 @@ struct Sha256::State {
 Sha256::Sha256() : state_(std::make_unique<State>()) {
     // Fetched once: looking the digest up costs more than hashing a small file.
     static const EVP_MD* const digest = EVP_MD_fetch(nullptr, "SHA256", nullptr);
-    require(digest != nullptr && EVP_DigestInit_ex(state_->context, digest, nullptr) == 1);
+    if (digest == nullptr || EVP_DigestInit_ex(state_->context, digest, nullptr) != 1)
+        state_.reset();
 }
 
-Sha256::Sha256(const Sha256& other) : state_(std::make_unique<State>()) {
-    require(EVP_MD_CTX_copy_ex(state_->context, other.state_->context) == 1);
+Sha256::Sha256(const Sha256& other) : state_(other.state_ ? std::make_unique<State>() : nullptr) {
+    if (state_ && EVP_MD_CTX_copy_ex(state_->context, other.state_->context) != 1) state_.reset();
 }
 
 Sha256& Sha256::operator=(const Sha256& other) {
@@ -49,13 +44,15 @@ Sha256& Sha256::operator=(Sha256&&) noexcept = default;
 Sha256::~Sha256() = default;
 
 void Sha256::update(std::span<const std::byte> bytes) {
-    require(EVP_DigestUpdate(state_->context, bytes.data(), bytes.size()) == 1);
+    if (state_ && EVP_DigestUpdate(state_->context, bytes.data(), bytes.size()) != 1)
+        state_.reset();
 }
 
-std::string Sha256::finish() {
+std::optional<std::string> Sha256::finish() {
     static constexpr char digits[] = "0123456789abcdef";
     std::array<unsigned char, digestSize> digest{};
-    require(EVP_DigestFinal_ex(state_->context, digest.data(), nullptr) == 1);
+    if (!state_ || EVP_DigestFinal_ex(state_->context, digest.data(), nullptr) != 1)
+        return std::nullopt;
     std::string text;
     text.reserve(2 * digest.size());
     for (const unsigned char byte : digest) {
@@ -81,7 +78,7 @@ std::optional<std::string> hash(const FileManager& files, const FileUrl& url,
         digest.update(std::span(buffer).first(read.value()));
         remaining -= read.value();
     }
-    return stop.stop_requested() ? std::nullopt : std::optional(digest.finish());
+    return stop.stop_requested() ? std::nullopt : digest.finish();
 }
 
 }  // namespace nookwise

@@ -13,7 +13,8 @@
 
 namespace nookwise {
 
-/// An incremental SHA-256. Copying copies the state so far.
+/// An incremental SHA-256. Copying copies the state so far. Where the library cannot provide it,
+/// for want of memory for one, there is no digest at the end.
 class Sha256 {
   public:
     Sha256();
@@ -25,10 +26,11 @@ class Sha256 {
 
     void update(std::span<const std::byte> bytes);
     /// 64 lower-case hexadecimal digits. May be called once.
-    std::string finish();
+    std::optional<std::string> finish();
 
   private:
     struct State;
+    /// None once anything failed.
     std::unique_ptr<State> state_;
 };
 

@@ -11,6 +11,7 @@
 #include <map>
 #include <string>
 #include <string_view>
+#include <system_error>
 #include <thread>
 #include <unordered_map>
 #include <unordered_set>
@@ -67,7 +68,11 @@ void inParallel(std::size_t count, const std::stop_token& stop,
     };
     const auto threads = std::clamp(std::thread::hardware_concurrency(), 1U, mostThreads);
     std::vector<std::jthread> helpers;
-    for (unsigned i = 1; i < threads && i < count; ++i) helpers.emplace_back(worker);
+    try {
+        for (unsigned i = 1; i < threads && i < count; ++i) helpers.emplace_back(worker);
+    } catch (const std::system_error&) {
+        // Where the system gives no more threads, there are fewer.
+    }
     worker();
 }
 

@@ -42,13 +42,16 @@ std::size_t pathCount(const Members& members) {
 }
 
 /// Opens the files, each one once. Those that are gone, unreadable or of another length are left
-/// out.
-Members openMembers(const FileManager& files, std::span<const FileUrl> urls, std::int64_t length,
-                    const std::stop_token& stop) {
+/// out. None when the process may open no more files.
+std::optional<Members> openMembers(const FileManager& files, std::span<const FileUrl> urls,
+                                   std::int64_t length, const std::stop_token& stop) {
     Members members;
     for (std::size_t position = 0; position < urls.size() && !stop.stop_requested(); ++position) {
         auto opened = files.open(urls[position]);
-        if (!opened) continue;
+        if (!opened) {
+            if (opened.error().code == std::errc::too_many_files_open) return std::nullopt;
+            continue;
+        }
         auto state = opened.value()->state();
         if (!state || state.value().size != length) continue;
         const auto known = std::find_if(members.begin(), members.end(), [&](const Member& member) {
@@ -111,7 +114,9 @@ std::optional<IdenticalFiles> finished(EqualSoFar set) {
         return !state || state.value() != member.state;
     });
     if (pathCount(set.members) < 2) return std::nullopt;
-    IdenticalFiles identical{.digest = set.digest.finish(), .positions = {}};
+    auto digest = set.digest.finish();
+    if (!digest) return std::nullopt;
+    IdenticalFiles identical{.digest = std::move(*digest), .positions = {}};
     for (const auto& member : set.members) {
         identical.positions.insert(identical.positions.end(), member.positions.begin(),
                                    member.positions.end());
@@ -120,14 +125,17 @@ std::optional<IdenticalFiles> finished(EqualSoFar set) {
     return identical;
 }
 
-std::vector<IdenticalFiles> compareSideBySide(const FileManager& files,
-                                              std::span<const FileUrl> urls, std::int64_t length,
-                                              const std::stop_token& stop) {
+/// None when the process may not open that many files.
+std::optional<std::vector<IdenticalFiles>> compareSideBySide(const FileManager& files,
+                                                             std::span<const FileUrl> urls,
+                                                             std::int64_t length,
+                                                             const std::stop_token& stop) {
+    auto members = openMembers(files, urls, length, stop);
+    if (!members) return std::nullopt;
     std::vector<IdenticalFiles> found;
     std::vector<Chunk> buffers;
     std::vector<EqualSoFar> pending;
-    pending.push_back(
-        {.members = openMembers(files, urls, length, stop), .digest = {}, .offset = 0});
+    pending.push_back({.members = std::move(*members), .digest = {}, .offset = 0});
     while (!pending.empty() && !stop.stop_requested()) {
         auto set = std::move(pending.back());
         pending.pop_back();
@@ -157,7 +165,7 @@ std::vector<IdenticalFiles> compareDigests(const FileManager& files, std::span<c
         if (!before || before.value().size != length) continue;
         const auto& identity = before.value().identity;
         if (++pathsOfFile[{identity.device, identity.inode}] > before.value().linkCount) continue;
-        auto digest = hash(files, urls[position], std::nullopt, stop);
+        auto digest = hash(files, urls[position], static_cast<std::uint64_t>(length), stop);
         const auto after = opened.value()->state();
         if (!digest || !after || after.value() != before.value()) continue;
         auto& set = byDigest[*digest];
@@ -175,8 +183,9 @@ std::vector<IdenticalFiles> compareDigests(const FileManager& files, std::span<c
 
 std::vector<IdenticalFiles> findIdentical(const FileManager& files, std::span<const FileUrl> urls,
                                           std::int64_t length, const std::stop_token& stop) {
-    auto found = urls.size() > mostComparedAtOnce ? compareDigests(files, urls, length, stop)
-                                                  : compareSideBySide(files, urls, length, stop);
+    std::optional<std::vector<IdenticalFiles>> compared;
+    if (urls.size() <= mostComparedAtOnce) compared = compareSideBySide(files, urls, length, stop);
+    auto found = compared ? std::move(*compared) : compareDigests(files, urls, length, stop);
     if (stop.stop_requested()) return {};
     std::sort(found.begin(), found.end(), [](const IdenticalFiles& a, const IdenticalFiles& b) {
         return a.positions.front() < b.positions.front();
