@@ -26,6 +26,7 @@ runPackages=(
     qml6-module-qtquick
     qml6-module-qtquick-controls
     qml6-module-qtquick-layouts
+    qml6-module-qtquick-shapes
     qml6-module-qtquick-templates
     qml6-module-qtquick-window
     qt6-qpa-plugins
@@ -35,7 +36,7 @@ runPackages=(
 # To test it. The benchmarks are compiled with the tests.
 testPackages=(
     desktop-file-utils
-    libbenchmark-dev
+    libgmock-dev
     libgtest-dev
     qml6-module-qttest
 )
