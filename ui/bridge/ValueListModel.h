@@ -43,11 +43,9 @@ class ValueListModel : public QAbstractListModel {
 
     QVariant data(const QModelIndex& index, int role) const override {
         const auto position = static_cast<std::size_t>(role - Qt::UserRole);
-        if (!checkIndex(index, CheckIndexOption::IndexIsValid) || role < Qt::UserRole ||
-            position >= roles_.size()) {
-            return {};
-        }
-        return roles_[position].value(rows_[static_cast<std::size_t>(index.row())]);
+        const auto row = static_cast<std::size_t>(index.row());
+        const bool known = index.isValid() && row < rows_.size() && position < roles_.size();
+        return known ? roles_[position].value(rows_[row]) : QVariant();
     }
 
     QHash<int, QByteArray> roleNames() const override {

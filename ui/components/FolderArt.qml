@@ -10,9 +10,19 @@ Item {
     required property real count
     property bool lifted: false
 
+    property int rise: lifted ? -6 : 0
+
+    Behavior on rise {
+        NumberAnimation {
+            duration: Theme.moveTime
+            easing.type: Easing.OutCubic
+        }
+    }
+
     readonly property string cards: count >= 10 ? "-cards" : count >= 2 ? "-cards2" : "-cards1"
 
-    implicitHeight: width * 128 / 160
+    // The software renderer draws the edges of what stands between pixels wrongly, here and everywhere.
+    implicitHeight: Math.round(width * 0.8)
     Accessible.ignored: true
 
     Art {
@@ -24,14 +34,7 @@ Item {
         height: parent.height
         drawing: "art/folder-" + art.name + art.cards
         visible: art.count > 0
-        y: art.lifted ? -6 : 0
-
-        Behavior on y {
-            NumberAnimation {
-                duration: Theme.moveTime
-                easing.type: Easing.OutCubic
-            }
-        }
+        y: art.rise
     }
     Art {
         anchors.fill: parent

@@ -15,7 +15,7 @@ T.AbstractButton {
 
     readonly property PilePalette palette_: Palettes.of(name)
 
-    implicitWidth: row.implicitWidth + 2 * (narrow ? 7 : 11)
+    implicitWidth: Math.ceil(row.implicitWidth) + 2 * (narrow ? 7 : 11)
     implicitHeight: 48
     Accessible.role: Accessible.PageTab
     Accessible.name: scanning ? title : title + ", " + size

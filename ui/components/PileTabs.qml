@@ -10,6 +10,9 @@ Row {
     required property bool scanning
     required property bool narrow
 
+    // The tab with the focus, or -1: where it is not the selected one, it is still the row's only stop.
+    property int roving: -1
+
     spacing: narrow ? 0 : 6
     Accessible.role: Accessible.PageTabList
     Accessible.name: "Piles"
@@ -34,7 +37,15 @@ Row {
 
             scanning: tabs.scanning
             narrow: tabs.narrow
-            focusPolicy: selected ? Qt.StrongFocus : Qt.ClickFocus
+            focusPolicy: (tabs.roving < 0 ? selected : index === tabs.roving) ? Qt.StrongFocus : Qt.ClickFocus
+            // The focus goes with the pile, whoever chose it.
+            onSelectedChanged: if (selected && tabs.roving >= 0) forceActiveFocus(Qt.OtherFocusReason)
+            onActiveFocusChanged: {
+                if (activeFocus)
+                    tabs.roving = index
+                else if (tabs.roving === index)
+                    tabs.roving = -1
+            }
             onClicked: if (!selected) tabs.piles.open(index)
             Keys.onLeftPressed: tabs.focusBeside(index, -1)
             Keys.onRightPressed: tabs.focusBeside(index, 1)

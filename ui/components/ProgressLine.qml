@@ -8,6 +8,14 @@ Rectangle {
     // 0 to 1.
     required property real value
 
+    property int filled: Math.round(width * Math.min(Math.max(value, 0), 1))
+
+    Behavior on filled {
+        NumberAnimation {
+            duration: Theme.progressTime
+        }
+    }
+
     implicitHeight: 6
     radius: height / 2
     color: Theme.track
@@ -15,13 +23,7 @@ Rectangle {
     Rectangle {
         height: parent.height
         radius: parent.radius
-        width: parent.width * Math.min(Math.max(line.value, 0), 1)
+        width: line.filled
         color: Theme.accent
-
-        Behavior on width {
-            NumberAnimation {
-                duration: Theme.progressTime
-            }
-        }
     }
 }

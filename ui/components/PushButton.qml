@@ -26,7 +26,7 @@ T.Button {
     }
 
     implicitHeight: size
-    implicitWidth: content.implicitWidth + leftPadding + rightPadding
+    implicitWidth: Math.ceil(content.implicitWidth) + leftPadding + rightPadding
     horizontalPadding: quiet ? Theme.space2 : 18
     spacing: Theme.space2
     Accessible.role: Accessible.Button

@@ -9,7 +9,7 @@ Rectangle {
     property string glyph: ""
     property color inkColor: Theme.ink2
 
-    implicitWidth: row.implicitWidth + 2 * 6
+    implicitWidth: Math.ceil(row.implicitWidth) + 2 * 6
     implicitHeight: 20
     radius: Theme.radiusTag
     color: Theme.sunken

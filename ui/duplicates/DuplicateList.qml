@@ -14,14 +14,13 @@ ListView {
     // The focus came from the mouse: no ring until a key is pressed.
     property bool pointed: false
 
-    topMargin: Theme.space4
     clip: true
     model: duplicates.rows
     reuseItems: true
     boundsBehavior: Flickable.StopAtBounds
     activeFocusOnTab: true
     keyNavigationEnabled: false
-    highlightMoveDuration: 0
+    highlightFollowsCurrentItem: false
     Accessible.role: Accessible.List
     Accessible.name: duplicates.title
     T.ScrollBar.vertical: ThinScrollBar {}
@@ -29,7 +28,7 @@ ListView {
     // To the nearest line of copies in that direction; headings hold none.
     function step(lines: int) {
         const direction = lines < 0 ? -1 : 1
-        let target = Math.max(0, Math.min(count - 1, currentIndex + lines))
+        const target = Math.max(0, Math.min(count - 1, currentIndex + lines))
         for (let row = target; row >= 0 && row < count; row += direction) {
             currentIndex = row
             if (!(currentItem as DuplicateRow)?.heading)
@@ -37,9 +36,18 @@ ListView {
         }
         if ((currentItem as DuplicateRow)?.heading)
             currentIndex = Math.min(count - 1, currentIndex + 1)
-        if (currentIndex <= 1)
-            positionViewAtBeginning()
+        showCurrent()
         stepCopy(0)
+    }
+
+    // With the heading above it, where there is room for both.
+    function showCurrent() {
+        if (currentIndex <= 1) {
+            positionViewAtBeginning()
+        } else {
+            positionViewAtIndex(currentIndex - 1, ListView.Contain)
+            positionViewAtIndex(currentIndex, ListView.Contain)
+        }
     }
 
     function stepCopy(copies: int) {

@@ -19,9 +19,12 @@ Item {
 
     readonly property int inner: Theme.space4
     readonly property int tileGap: 10
-    readonly property real tileWidth: (width - 2 * inner - (perLine - 1) * tileGap) / perLine
+    readonly property real pitch: (width - 2 * inner + tileGap) / perLine
 
-    height: heading ? 59 : 84 + (last ? Theme.space4 + Theme.space3 : tileGap)
+    // The ring around a tile needs room above it within the line.
+    readonly property int ringRoom: Theme.ringGap + Theme.strongLine
+
+    height: heading ? 59 - ringRoom : ringRoom + 84 + (last ? Theme.space4 + Theme.space3 : tileGap - ringRoom)
     clip: true
     Accessible.role: heading ? Accessible.Heading : Accessible.Grouping
     Accessible.name: heading ? title + ", " + caption + ", " + size : title
@@ -71,6 +74,7 @@ Item {
     Row {
         visible: !row.heading
         x: row.inner
+        y: row.ringRoom
         spacing: row.tileGap
 
         Repeater {
@@ -82,7 +86,7 @@ Item {
                 readonly property var copy: row.copies[index] ?? null
 
                 visible: copy !== null
-                width: row.tileWidth
+                width: Math.round(row.pitch * (index + 1)) - Math.round(row.pitch * index) - row.tileGap
                 place: copy?.place ?? ""
                 name: copy?.name ?? ""
                 age: copy?.age ?? ""

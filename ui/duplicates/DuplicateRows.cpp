@@ -29,8 +29,8 @@ int DuplicateRows::rowCount(const QModelIndex& parent) const {
 }
 
 QVariant DuplicateRows::data(const QModelIndex& index, int role) const {
-    if (!checkIndex(index, CheckIndexOption::IndexIsValid)) return {};
     const auto position = static_cast<std::size_t>(index.row());
+    if (!index.isValid() || position >= lines_.size()) return {};
     const Line& line = lines_[position];
     if (line.group >= store_.duplicates.get().size()) return {};
     const DuplicateGroup& group = store_.duplicates.get()[line.group];

@@ -49,7 +49,7 @@ Item {
                         model: group.modelData
 
                         Card {
-                            width: (tiles.width - (group.modelData - 1) * tiles.spacing) / group.modelData
+                            width: Math.floor((tiles.width - (group.modelData - 1) * tiles.spacing) / group.modelData)
                             height: 82
 
                             Skeleton {

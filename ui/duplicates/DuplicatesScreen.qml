@@ -34,7 +34,7 @@ ContentScreen {
         id: header
 
         anchors.top: tabs.bottom
-        anchors.topMargin: screen.frame.low ? 14 : Theme.space5
+        anchors.topMargin: screen.frame.low ? Theme.space3 : Theme.space5
         x: screen.frame.margin
         width: screen.frame.column
         visible: !screen.empty
@@ -48,6 +48,7 @@ ContentScreen {
     }
     DuplicateList {
         anchors.fill: content
+        anchors.topMargin: Theme.space4
         visible: !screen.scan.scanning && !screen.empty
         frame: screen.frame
         duplicates: screen.duplicates

@@ -41,7 +41,7 @@ Item {
         border.color: Theme.lineStrong
 
         Label {
-            x: picture.piles ? 10 : 11
+            x: 10
             anchors.verticalCenter: parent.verticalCenter
             visible: implicitWidth + x + 6 <= parent.width
             look: Theme.caption
@@ -110,7 +110,7 @@ Item {
     Label {
         visible: picture.piles
         anchors.horizontalCenter: parent.horizontalCenter
-        anchors.horizontalCenterOffset: (picture.restWidth + picture.comesBackWidth / 2 - picture.width / 2) * 0.2
+        anchors.horizontalCenterOffset: Math.round((picture.restWidth + picture.comesBackWidth / 2 - picture.width / 2) * 0.2)
         y: picture.pilesY - 24
         look: Theme.caption
         weight: Font.DemiBold
@@ -185,7 +185,7 @@ Item {
                 required property string legend
                 required property string size
 
-                width: picture.width / legendGrid.columns
+                width: Math.floor(picture.width / legendGrid.columns)
                 spacing: 6
 
                 Rectangle {

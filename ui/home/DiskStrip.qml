@@ -42,10 +42,18 @@ Card {
         border.color: Theme.lineStrong
 
         Rectangle {
-            width: parent.width * (card.disk.restFraction + card.disk.comesBackFraction)
+            width: Math.round(parent.width * (card.disk.restFraction + card.disk.comesBackFraction))
             height: parent.height
             radius: Theme.radiusCheck
             color: Theme.used
+
+            // Only the outer end is round.
+            Rectangle {
+                anchors.right: parent.right
+                width: Math.min(parent.width / 2, parent.radius)
+                height: parent.height
+                color: parent.color
+            }
         }
     }
 }

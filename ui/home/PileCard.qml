@@ -77,7 +77,7 @@ T.Button {
             Label {
                 visible: !card.scanning
                 width: parent.width
-                look: card.count === 0 ? Theme.figure : card.narrow ? Theme.figureNarrow : Theme.figure
+                look: card.narrow ? Theme.figureNarrow : Theme.figure
                 weight: card.count === 0 ? Font.Normal : Font.DemiBold
                 color: card.count === 0 ? Theme.ink2 : Theme.ink
                 text: card.size

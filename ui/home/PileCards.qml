@@ -13,6 +13,8 @@ Row {
     // The folder that the next card slips into while the folders are being read.
     property int ghost: 0
 
+    readonly property real pitch: (width + spacing) / repeater.count
+
     spacing: Theme.space3
 
     function focusFirst(reason: int) {
@@ -35,7 +37,7 @@ Row {
         PileCard {
             required property int index
 
-            width: (cards.width - 4 * cards.spacing) / 5
+            width: Math.round(cards.pitch * (index + 1)) - Math.round(cards.pitch * index) - cards.spacing
             height: cards.tallest
             narrow: cards.frame.narrow
             scanning: cards.scanning

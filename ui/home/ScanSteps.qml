@@ -36,7 +36,7 @@ Card {
                 readonly property bool now: stage === "now"
                 readonly property bool done: stage === "done"
 
-                width: (steps.width - 4 * steps.spacing) / 5
+                width: Math.floor((steps.width - 4 * steps.spacing) / 5)
 
                 Row {
                     spacing: Theme.space2

@@ -16,13 +16,15 @@ ListView {
     readonly property int pageRows: Math.max(1, Math.floor(height / rowHeight) - 1)
     // Where each pile was left.
     property var places: ({})
-    property string shownPile: sweep.pile
+    property string shownPile: ""
     // The focus came from the mouse: no ring until a key is pressed.
     property bool pointed: false
 
     clip: true
     model: sweep.rows
     reuseItems: true
+    // Rows that are made ahead are still in the making when the pile changes under them.
+    cacheBuffer: 0
     boundsBehavior: Flickable.StopAtBounds
     activeFocusOnTab: true
     keyNavigationEnabled: true
@@ -47,6 +49,7 @@ ListView {
         currentIndex = Math.max(0, Math.min(count - 1, currentIndex + rows))
     }
 
+    Component.onCompleted: shownPile = sweep.pile
     onContentYChanged: if (shownPile === sweep.pile) places[shownPile] = contentY
     Connections {
         target: list.sweep

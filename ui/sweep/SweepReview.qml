@@ -13,7 +13,7 @@ Item {
         id: header
 
         x: review.frame.margin
-        y: review.frame.low ? 14 : Theme.space5
+        y: review.frame.low ? Theme.space3 : Theme.space5
         width: review.frame.column
         frame: review.frame
         name: review.sweep.pile
@@ -27,7 +27,7 @@ Item {
         id: strip
 
         anchors.top: header.bottom
-        anchors.topMargin: review.frame.low ? 10 : Theme.space4
+        anchors.topMargin: review.frame.low ? Theme.space3 : Theme.space4
         x: review.frame.margin
         width: review.frame.column
         height: review.frame.low ? 32 : 40

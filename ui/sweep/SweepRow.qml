@@ -25,6 +25,8 @@ Rectangle {
     color: hover.hovered ? Theme.hover : Theme.paper
     Accessible.role: Accessible.ListItem
     Accessible.name: spoken
+    Accessible.checkable: true
+    Accessible.checked: ticked
 
     TapHandler {
         onTapped: row.pointed()

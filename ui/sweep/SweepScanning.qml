@@ -14,7 +14,7 @@ Item {
         id: header
 
         x: scanning.frame.margin
-        y: scanning.frame.low ? 14 : Theme.space5
+        y: scanning.frame.low ? Theme.space3 : Theme.space5
         width: scanning.frame.column
         frame: scanning.frame
         name: scanning.sweep.pile

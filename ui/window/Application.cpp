@@ -3,7 +3,6 @@
 #include "ui/window/ViewModels.h"
 #include "ui/window/WindowMemory.h"
 
-#include <QFont>
 #include <QIcon>
 #include <QQmlApplicationEngine>
 #include <QQuickWindow>
@@ -19,10 +18,9 @@ void reportMissingDisplay(QtMsgType type, const QMessageLogContext& context,
                           const QString& message) {
     if (type == QtFatalMsg) {
         std::fputs(
-            "nookwise: no window can be opened: there is no display to open it on.\n"
-            "Start it inside a desktop session (DISPLAY or WAYLAND_DISPLAY set), or set "
-            "QT_QPA_PLATFORM,\n"
-            "for example QT_QPA_PLATFORM=vnc to serve the window over the network.\n",
+            "nookwise: no window can be opened, because there is no display to open it on.\n"
+            "Start it inside a desktop session (with DISPLAY or WAYLAND_DISPLAY set), or name a Qt\n"
+            "platform in QT_QPA_PLATFORM.\n",
             stderr);
         std::_Exit(EXIT_FAILURE);
     }

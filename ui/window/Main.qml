@@ -84,7 +84,11 @@ Window {
         anchors.left: sections.right
         anchors.right: parent.right
         height: parent.height
+        y: rise
         focus: true
+
+        property int rise: 0
+
         onLoaded: {
             window.focusContent()
             appear.restart()
@@ -102,7 +106,7 @@ Window {
             }
             NumberAnimation {
                 target: screens
-                property: "y"
+                property: "rise"
                 from: 8
                 to: 0
                 duration: Theme.moveTime

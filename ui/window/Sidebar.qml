@@ -81,7 +81,7 @@ Rectangle {
         Keys.onEnterPressed: sidebar.sections.openRow(currentIndex)
         Keys.onSpacePressed: sidebar.sections.openRow(currentIndex)
 
-        delegate: Column {
+        delegate: FocusScope {
             id: entry
 
             required property int index
@@ -92,33 +92,32 @@ Rectangle {
             required property string count
             required property bool current
 
-            readonly property bool focusShown: ListView.isCurrentItem && list.activeFocus
-
             width: ListView.view.width
+            height: headingLabel.height + item.height
             onCurrentChanged: if (current) list.currentIndex = index
             Component.onCompleted: if (current) list.currentIndex = index
 
-            Item {
-                visible: entry.heading !== ""
-                width: parent.width
-                height: sidebar.frame.low ? 26 : 32
+            Label {
+                id: headingLabel
 
-                Label {
-                    x: 10
-                    anchors.verticalCenter: parent.verticalCenter
-                    look: Theme.micro
-                    color: Theme.ink3
-                    text: entry.heading
-                }
+                x: 10
+                height: text === "" ? 0 : sidebar.frame.low ? 26 : 32
+                look: Theme.micro
+                color: Theme.ink3
+                text: entry.heading
             }
             SidebarItem {
+                id: item
+
+                focus: true
+                y: headingLabel.height
                 width: parent.width
                 label: entry.label
                 glyph: entry.glyph
                 count: entry.count
                 current: entry.current
                 low: sidebar.frame.low
-                focusShown: entry.focusShown
+                focusShown: activeFocus
                 onClicked: sidebar.sections.open(entry.key)
             }
         }

@@ -42,13 +42,13 @@ Item {
             Rectangle {
                 height: parent.height
                 radius: 2
-                width: parent.width * (footer.disk.restFraction + footer.disk.comesBackFraction)
+                width: Math.round(parent.width * (footer.disk.restFraction + footer.disk.comesBackFraction))
                 color: Theme.meterUsed
             }
             Rectangle {
                 height: parent.height
-                x: parent.width * footer.disk.restFraction
-                width: parent.width * footer.disk.comesBackFraction
+                x: Math.round(parent.width * footer.disk.restFraction)
+                width: Math.round(parent.width * footer.disk.comesBackFraction)
                 color: Theme.accent
             }
         }

@@ -1,0 +1,55 @@
+// The window over a home that the test makes, for tests written in QML.
+#pragma once
+
+#include "tests/support/FakePlatform.h"
+#include "ui/window/ViewModels.h"
+
+#include <QQmlEngine>
+#include <QQuickWindow>
+
+namespace nookwise {
+
+class Bench : public QObject {
+    Q_OBJECT
+    Q_PROPERTY(QQuickWindow* window READ window NOTIFY windowChanged)
+
+  public:
+    explicit Bench(QQmlEngine& engine) : engine_(engine) {}
+
+    QQuickWindow* window() const { return window_.get(); }
+
+    /// A new store on a new home, and a window on it. The scan that it starts waits for `runScan`.
+    Q_INVOKABLE void open(int width, int height);
+    Q_INVOKABLE void close();
+
+    /// Files for every pile.
+    Q_INVOKABLE void fillHome();
+    /// Many old downloads.
+    Q_INVOKABLE void fillDownloads(int count);
+    Q_INVOKABLE void runScan();
+    /// What a scan that is on its way reports.
+    Q_INVOKABLE void report(const QString& folder, int files, double fraction, const QString& step);
+
+    Q_INVOKABLE QString section();
+    Q_INVOKABLE QStringList tickedNames();
+    Q_INVOKABLE bool scanning();
+
+  signals:
+    void windowChanged();
+
+  private:
+    struct Application {
+        FakePlatform fake;
+        std::shared_ptr<AppStore> store = AppStore::create(fake.platform());
+        ViewModels models{store, fake.platform()};
+    };
+
+    void addFile(std::string_view path, std::int64_t megabytes, double daysOld);
+    void addCopy(std::string_view path, double daysOld);
+
+    QQmlEngine& engine_;
+    std::unique_ptr<Application> application_;
+    std::unique_ptr<QQuickWindow> window_;
+};
+
+}  // namespace nookwise
