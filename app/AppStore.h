@@ -86,6 +86,9 @@ class AppStore : public std::enable_shared_from_this<AppStore> {
     /// Ticks the pre-selected items of the shown pile, and nothing else.
     void resetChecks();
     void toggle(const FileUrl& url);
+    /// Ticks every item of the shown pile.
+    void tickAll();
+    void tickNone();
     /// The ticked items of the shown pile, in its order.
     std::vector<SweepItem> checkedItems() const;
 

@@ -32,6 +32,19 @@ void AppStore::toggle(const FileUrl& url) {
     });
 }
 
+void AppStore::tickAll() {
+    std::unordered_set<FileUrl> ticked;
+    const auto found = piles.get().find(selectedPile.get());
+    if (found != piles.get().end()) {
+        for (const auto& item : found->second) ticked.insert(item.file.url);
+    }
+    checked.set(std::move(ticked));
+}
+
+void AppStore::tickNone() {
+    checked.set({});
+}
+
 std::vector<SweepItem> AppStore::checkedItems() const {
     std::vector<SweepItem> items;
     const auto found = piles.get().find(selectedPile.get());

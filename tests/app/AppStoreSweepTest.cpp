@@ -31,6 +31,14 @@ TEST_F(Review, showsTheSelectedPileWithItsOwnTicks) {
     EXPECT_EQ(store->checked.get(), ticks({}));
 }
 
+TEST_F(Review, ticksAllOrNone) {
+    store->select(PileKind::forgotten);
+    store->tickAll();
+    EXPECT_EQ(store->checked.get(), ticks({"/a", "/b", "/c"}));
+    store->tickNone();
+    EXPECT_TRUE(store->checked.get().empty());
+}
+
 TEST_F(Review, ofAPileThatIsMissingHasNoTicks) {
     store->select(PileKind::forgotten);
     store->select(PileKind::screenshots);

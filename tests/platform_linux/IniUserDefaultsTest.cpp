@@ -4,7 +4,7 @@
 #include "tests/support/TemporaryFolder.h"
 
 #include <fstream>
-#include <iterator>
+#include <sstream>
 
 #include <gtest/gtest.h>
 
@@ -106,18 +106,27 @@ TEST_F(IniDefaults, leaveATornFileAsItIsUntilSomethingIsSetAndThenPutItAside) {
     const std::string torn = "[General]\nonboarded=true\nskipConf";
     home_.write("config/Nookwise/Nookwise.ini", torn);
     const auto contents = [&](const char* name) {
-        std::ifstream stream(home_.path(name), std::ios::binary);
-        return std::string(std::istreambuf_iterator<char>(stream), {});
+        std::ostringstream text;
+        text << std::ifstream(home_.path(name), std::ios::binary).rdbuf();
+        return text.str();
     };
-    {
-        IniUserDefaults defaults(file_);
-        EXPECT_EQ(defaults.boolean("onboarded"), std::nullopt);
-        defaults.removeAllWithPrefix("skipConfirm.");
-    }
+    IniUserDefaults defaults(file_);
+    EXPECT_EQ(defaults.boolean("onboarded"), std::nullopt);
+    defaults.removeAllWithPrefix("skipConfirm.");
     EXPECT_EQ(contents("config/Nookwise/Nookwise.ini"), torn);
-    IniUserDefaults(file_).setBoolean("onboarded", true);
+    defaults.setBoolean("showInMenuBar", true);
     EXPECT_EQ(contents("config/Nookwise/Nookwise.ini.broken"), torn);
-    EXPECT_EQ(IniUserDefaults(file_).boolean("onboarded"), true);
+    EXPECT_EQ(defaults.boolean("showInMenuBar"), true);
+    EXPECT_EQ(defaults.boolean("onboarded"), std::nullopt);
+}
+
+TEST_F(IniDefaults, leaveATornFileAsItIsWhenNothingIsEverSet) {
+    const std::string torn = "[General]\nonboarded=true\nskipConf";
+    home_.write("config/Nookwise/Nookwise.ini", torn);
+    EXPECT_EQ(IniUserDefaults(file_).boolean("onboarded"), std::nullopt);
+    std::ostringstream text;
+    text << std::ifstream(home_.path("config/Nookwise/Nookwise.ini"), std::ios::binary).rdbuf();
+    EXPECT_EQ(text.str(), torn);
 }
 
 TEST_F(IniDefaults, areEmptyWhenTheFileIsTorn) {

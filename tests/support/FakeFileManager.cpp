@@ -318,7 +318,13 @@ Result<std::vector<FoundFile>> FakeFileManager::list(const FileUrl& folder,
     if (stop.stop_requested()) return failure(std::errc::operation_canceled, folder, "list");
     std::vector<FoundFile> found;
     for (const auto& [name, entry] : node->entries) {
-        if (!isHidden(name)) found.push_back({folder.append(name), entry->attributes});
+        if (isHidden(name)) continue;
+        auto attributes = entry->attributes;
+        if (attributes.type == FileType::package) {
+            attributes.allocatedSize.reset();
+            attributes.fileSize.reset();
+        }
+        found.push_back({folder.append(name), attributes});
     }
     return found;
 }

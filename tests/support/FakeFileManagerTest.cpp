@@ -110,6 +110,24 @@ TEST_F(FakeFiles, listWhatIsDirectlyInAFolder) {
     EXPECT_EQ(files.list(FileUrl("/r/b"), {}).error().code, std::errc::not_a_directory);
 }
 
+TEST_F(FakeFiles, listPackagesWithoutTheirSizes) {
+    files.addPackage("/r/a.app", {.size = 5, .allocated = 8, .added = Date{Seconds{1}}});
+    const auto listed = files.list(FileUrl("/r"), {});
+    ASSERT_TRUE(listed);
+    ASSERT_EQ(listed.value().size(), 1u);
+    EXPECT_EQ(listed.value()[0].attributes,
+              (FileAttributes{.type = FileType::package, .added = Date{Seconds{1}}}));
+    EXPECT_EQ(files.attributes(FileUrl("/r/a.app")).value().allocatedSize, 8);
+}
+
+TEST_F(FakeFiles, failToListAfterAStopRequest) {
+    files.addFile("/r/a");
+    std::stop_source stop;
+    stop.request_stop();
+    EXPECT_EQ(files.list(FileUrl("/r"), stop.get_token()).error().code,
+              std::errc::operation_canceled);
+}
+
 TEST_F(FakeFiles, resolveEveryLinkOnAPath) {
     files.addFile("/data/deep/a");
     files.addLink("/one", "/data");

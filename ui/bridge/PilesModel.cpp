@@ -54,12 +54,7 @@ void PilesModel::open(int row) {
 }
 
 void PilesModel::open(PileKind kind) {
-    const bool underReview = kind == store_.selectedPile.get() && !store_.justCleared.get();
-    if (underReview) {
-        store_.section.set(AppSection::sweep);
-    } else {
-        store_.select(kind);
-    }
+    store_.select(kind);
 }
 
 void PilesModel::refresh() {

@@ -37,7 +37,7 @@ class PilesModel : public QObject {
     /// The piles that hold something, the most bytes first.
     std::vector<PileFigures> largestFirst() const;
 
-    /// Shows the pile on its screen. The pile that is being reviewed keeps its ticks.
+    /// Shows the pile on its screen, ticked as it was found.
     Q_INVOKABLE void open(int row);
     void open(PileKind kind);
 

@@ -17,12 +17,6 @@ Row {
 
     spacing: Theme.space3
 
-    function focusFirst(reason: int) {
-        const card = repeater.itemAt(0)
-        if (card)
-            card.forceActiveFocus(reason)
-    }
-
     Timer {
         running: cards.scanning && !Theme.reducedMotion && cards.visible
         repeat: true

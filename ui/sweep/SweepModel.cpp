@@ -118,14 +118,11 @@ void SweepModel::toggle(int row) {
 }
 
 void SweepModel::selectAll() {
-    std::unordered_set<FileUrl> all;
-    all.reserve(static_cast<std::size_t>(ticked_.size()));
-    for (int row = 0; row < ticked_.size(); ++row) all.insert(ticked_.item(row)->file.url);
-    store_.checked.set(std::move(all));
+    store_.tickAll();
 }
 
 void SweepModel::selectNone() {
-    store_.checked.set({});
+    store_.tickNone();
 }
 
 void SweepModel::openLargest() {

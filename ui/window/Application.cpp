@@ -19,8 +19,8 @@ void reportMissingDisplay(QtMsgType type, const QMessageLogContext& context,
     if (type == QtFatalMsg) {
         std::fputs(
             "nookwise: no window can be opened, because there is no display to open it on.\n"
-            "Start it inside a desktop session (with DISPLAY or WAYLAND_DISPLAY set), or name a Qt\n"
-            "platform in QT_QPA_PLATFORM.\n",
+            "Start it inside a desktop session (with DISPLAY or WAYLAND_DISPLAY set),\n"
+            "or name a Qt platform in QT_QPA_PLATFORM.\n",
             stderr);
         std::_Exit(EXIT_FAILURE);
     }
@@ -46,7 +46,7 @@ std::unique_ptr<Application> Application::create(int& argc, char** argv) {
     qInstallMessageHandler(usual);
     QGuiApplication::setApplicationName(QStringLiteral("Nookwise"));
     QGuiApplication::setApplicationDisplayName(QStringLiteral("Nookwise"));
-    QGuiApplication::setDesktopFileName(QStringLiteral("nookwise"));
+    QGuiApplication::setDesktopFileName(QStringLiteral("org.nookwise.Nookwise"));
     QGuiApplication::setWindowIcon(QIcon(QStringLiteral(":/Nookwise/assets/app-icon.svg")));
     chooseRenderer();
     return application;
