@@ -60,8 +60,8 @@ std::vector<FileUrl> rootsInside(const ResolvedRoot& root, const FileUrl& url,
     std::vector<FileUrl> inside;
     for (const auto& other : all) {
         if (other.index == root.index || !other.folder.isWithin(root.folder)) continue;
-        inside.push_back(FileUrl(std::string(url.path()) + std::string(other.folder.path().substr(
-                                                               root.folder.path().size()))));
+        const auto below = other.folder.path().substr(root.folder.path().size());
+        inside.emplace_back(std::string(url.path()).append(below));
     }
     return inside;
 }

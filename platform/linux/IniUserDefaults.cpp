@@ -37,7 +37,7 @@ FileUrl userDefaultsFile(const BaseFolders& folders) {
 }
 
 IniUserDefaults::IniUserDefaults(const FileUrl& file)
-    : settings_(usableName(file), QSettings::IniFormat), isBroken_(false) {
+    : settings_(usableName(file), QSettings::IniFormat) {
     // Asking for the keys is what makes it look at every line.
     (void)settings_.allKeys();
     isBroken_ = settings_.status() == QSettings::FormatError;

@@ -29,7 +29,7 @@ class IniUserDefaults : public UserDefaults {
     void putBrokenFileAside();
 
     QSettings settings_;
-    bool isBroken_;
+    bool isBroken_ = false;
 };
 
 }  // namespace nookwise
