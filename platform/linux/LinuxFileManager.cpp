@@ -96,9 +96,8 @@ Result<std::vector<FoundFile>> LinuxFileManager::list(const FileUrl& folder,
                                                       std::stop_token stop) const {
     const auto opened = openPath(folder.path(), O_RDONLY | O_DIRECTORY);
     FolderEntries listing;
-    if (!opened || !listing.read(opened.get(), stop) || !listing.keepVisibleSorted(stop)) {
-        return failure(folder, "list");
-    }
+    if (!opened || !listing.read(opened.get(), stop)) return failure(folder, "list");
+    if (!listing.keepVisibleSorted(stop)) return failure(folder, "list", ECANCELED);
     std::vector<FoundFile> entries;
     for (const auto& entry : listing.entries()) {
         if (stop.stop_requested()) return failure(folder, "list", ECANCELED);
