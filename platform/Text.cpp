@@ -171,6 +171,15 @@ std::string lowercasedLetters(std::string_view text) {
     return kept;
 }
 
+std::string wellFormed(std::string_view text) {
+    std::string result;
+    result.reserve(text.size());
+    forEachStretch(
+        text, [&](std::string_view valid) { result += valid; },
+        [&](std::string_view) { result += "\uFFFD"; });
+    return result;
+}
+
 std::size_t characterCount(std::string_view text) {
     if (bytesAreCharacters(text)) return text.size();
     std::size_t count = 0;

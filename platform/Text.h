@@ -1,4 +1,5 @@
-// Unicode text operations. Input is UTF-8; bytes that are not are passed through untouched.
+// Unicode text operations. Input is UTF-8; bytes that are not are passed through
+// untouched, unless a function says otherwise.
 #pragma once
 
 #include <cstddef>
@@ -16,6 +17,9 @@ std::string uppercased(std::string_view text);
 /// The characters (grapheme clusters) that begin with a letter, in lower case and in composed form
 /// (NFC), so that equal texts have equal bytes.
 std::string lowercasedLetters(std::string_view text);
+
+/// The text with U+FFFD in place of what is not UTF-8.
+std::string wellFormed(std::string_view text);
 
 /// How many characters (grapheme clusters) there are.
 std::size_t characterCount(std::string_view text);

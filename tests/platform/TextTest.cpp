@@ -61,6 +61,13 @@ TEST_P(BytesThatAreNotUtf8, areNoLettersAndCountAsCharacters) {
     EXPECT_EQ(firstCharacters("ab" + broken, 100), "ab" + broken);
 }
 
+TEST_P(BytesThatAreNotUtf8, areMarkedInWellFormedText) {
+    const auto text = wellFormed("äb" + GetParam() + "c");
+    EXPECT_TRUE(text.starts_with("äb\uFFFD"));
+    EXPECT_TRUE(text.ends_with("\uFFFDc"));
+    EXPECT_EQ(wellFormed(text), text);
+}
+
 TEST_P(BytesThatAreNotUtf8, haveAPlaceInTheOrderOfNames) {
     EXPECT_EQ(collationKey(GetParam()), collationKey(GetParam()));
     EXPECT_NE(collationKey("a" + GetParam()), collationKey("b" + GetParam()));

@@ -1,0 +1,30 @@
+#include "platform/WholeFile.h"
+
+#include <algorithm>
+
+namespace nookwise {
+
+Result<std::string> wholeFile(const FileManager& files, const FileUrl& url, std::size_t limit) {
+    const auto real = files.resolved(url);
+    if (!real) return real.error();
+    auto opened = files.open(real.value());
+    if (!opened) return opened.error();
+    // What the file claims to hold is no reason to set memory aside: it may be sparse, or grow.
+    constexpr std::size_t step = 1024 * 1024;
+    std::string bytes;
+    for (;;) {
+        const auto held = bytes.size();
+        // One byte beyond the limit tells that there is more.
+        const auto wanted = std::min(step, limit + 1 - held);
+        bytes.resize(held + wanted);
+        const auto count =
+            opened.value()->read(std::as_writable_bytes(std::span(bytes).subspan(held)));
+        if (!count) return count.error();
+        bytes.resize(held + count.value());
+        if (bytes.size() > limit)
+            return FileError{std::make_error_code(std::errc::file_too_large), url, "read"};
+        if (count.value() < wanted) return bytes;
+    }
+}
+
+}  // namespace nookwise
