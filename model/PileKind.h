@@ -19,5 +19,7 @@ std::optional<PileKind> pileKindFromRawValue(std::string_view rawValue);
 
 std::string_view title(PileKind kind);
 std::string_view subtitle(PileKind kind);
+/// The plural of what lies in the pile: "installers".
+std::string_view noun(PileKind kind);
 
 }  // namespace nookwise
