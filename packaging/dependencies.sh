@@ -15,6 +15,7 @@ buildPackages=(
     qt6-base-dev
     qt6-declarative-dev
     qt6-svg-dev
+    rapidjson-dev
 )
 
 # To run it, beyond the libraries that the packages above bring.
@@ -35,10 +36,15 @@ runPackages=(
 
 # To test it. The benchmarks are compiled with the tests.
 testPackages=(
+    dbus
     desktop-file-utils
+    gvfs
+    libglib2.0-bin
     libgmock-dev
     libgtest-dev
     qml6-module-qttest
+    strace
+    trash-cli
 )
 
 # To check its style.
@@ -51,6 +57,8 @@ stylePackages=(
 benchPackages=(
     findutils
     jdupes
+    libglib2.0-bin
+    trash-cli
 )
 
 say() { printf '\n== %s\n' "$*"; }

@@ -94,6 +94,14 @@ class FileReader {
     virtual Result<std::size_t> read(std::span<std::byte> buffer) = 0;
 };
 
+/// Who may enter a new folder.
+enum class FolderAccess {
+    /// Whoever the user's settings let.
+    usual,
+    /// Its owner alone. The folders made above it are `usual`.
+    ownerOnly,
+};
+
 struct VolumeFigures {
     /// None where the file system gives no such value.
     std::optional<std::int64_t> availableBytes;
@@ -101,6 +109,7 @@ struct VolumeFigures {
 };
 
 /// All operations may be called from any thread. None of them follows a link below the given URL.
+/// Who holds it as const can look, but change nothing.
 class FileManager {
   public:
     virtual ~FileManager() = default;
@@ -130,6 +139,37 @@ class FileManager {
 
     /// The figures of the volume that holds `url`.
     virtual Result<VolumeFigures> volumeFigures(const FileUrl& url) const = 0;
+
+    /// Whether anything has this name. A link counts, wherever it leads. What cannot be looked at
+    /// counts as missing.
+    virtual bool exists(const FileUrl& url) const = 0;
+
+    /// Makes a folder and the folders above it. A folder that is already there is a success and
+    /// keeps its permissions.
+    virtual Result<std::monostate> createFolder(const FileUrl& url, FolderAccess access) = 0;
+
+    /// Moves a file, a folder with all that is in it, or a link itself, to another volume too.
+    /// Never overwrites: fails with std::errc::file_exists when `to` is taken, even at the last
+    /// moment. After a failure `from` is as it was and nothing of it stands at `to`. What is moved
+    /// out of the Trash is no longer listed there. May take as long as copying takes.
+    virtual Result<std::monostate> move(const FileUrl& from, const FileUrl& to) = 0;
+
+    /// Copies likewise, with permissions, times and extended attributes.
+    virtual Result<std::monostate> copy(const FileUrl& from, const FileUrl& to) = 0;
+
+    /// Moves a file, a folder or a link itself to the user's Trash and returns its place there, or
+    /// none where the platform does not tell. After a failure `url` is as it was.
+    virtual Result<std::optional<FileUrl>> trash(const FileUrl& url) = 0;
+
+    /// Replaces the whole contents of a file of the application's own, or makes the file, readable
+    /// and writable by its owner alone. Whatever happens meanwhile, it holds the old contents or
+    /// the new ones. A link is followed and stays a link.
+    virtual Result<std::monostate> replaceContents(const FileUrl& url,
+                                                   std::string_view contents) = 0;
+
+    /// Removes what earlier runs of the application left half done when they were killed, and
+    /// nothing else; this run may be at work meanwhile. To be called while no other run is.
+    virtual void removeLeftovers() = 0;
 };
 
 }  // namespace nookwise

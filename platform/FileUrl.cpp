@@ -1,5 +1,6 @@
 #include "platform/FileUrl.h"
 
+#include <cstring>
 #include <vector>
 
 namespace nookwise {
@@ -28,6 +29,13 @@ int hexDigit(char c) {
 constexpr std::string_view scheme = "file://";
 constexpr std::string_view localHost = "localhost";
 
+/// As rfind, which looks at one byte at a time.
+std::size_t lastSlash(std::string_view path) noexcept {
+    const auto* slash = static_cast<const char*>(::memrchr(path.data(), '/', path.size()));
+    return slash == nullptr ? std::string_view::npos
+                            : static_cast<std::size_t>(slash - path.data());
+}
+
 }  // namespace
 
 std::string_view extensionOf(std::string_view fileName) {
@@ -46,14 +54,14 @@ FileUrl::FileUrl(std::string_view path) : path_(withoutTrailingSlashes(path)) {}
 
 std::string_view FileUrl::lastPathComponent() const noexcept {
     const auto whole = path();
-    const auto slash = whole.rfind('/');
+    const auto slash = lastSlash(whole);
     if (slash == std::string_view::npos || whole.size() == 1) return whole;
     return whole.substr(slash + 1);
 }
 
 std::string_view FileUrl::parentPath() const noexcept {
     const auto whole = path();
-    const auto slash = whole.rfind('/');
+    const auto slash = lastSlash(whole);
     if (slash == std::string_view::npos) return {};
     return slash == 0 ? whole.substr(0, 1) : whole.substr(0, slash);
 }

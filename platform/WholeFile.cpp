@@ -9,7 +9,11 @@ Result<std::string> wholeFile(const FileManager& files, const FileUrl& url, std:
     if (!real) return real.error();
     auto opened = files.open(real.value());
     if (!opened) return opened.error();
-    // What the file claims to hold is no reason to set memory aside: it may be sparse, or grow.
+    const auto state = opened.value()->state();
+    if (!state) return state.error();
+    const FileError tooLarge{std::make_error_code(std::errc::file_too_large), url, "read"};
+    if (state.value().size > static_cast<std::int64_t>(limit)) return tooLarge;
+    // Read in steps, because it may hold more by now, or less than it claims.
     constexpr std::size_t step = 1024 * 1024;
     std::string bytes;
     for (;;) {
@@ -21,8 +25,7 @@ Result<std::string> wholeFile(const FileManager& files, const FileUrl& url, std:
             opened.value()->read(std::as_writable_bytes(std::span(bytes).subspan(held)));
         if (!count) return count.error();
         bytes.resize(held + count.value());
-        if (bytes.size() > limit)
-            return FileError{std::make_error_code(std::errc::file_too_large), url, "read"};
+        if (bytes.size() > limit) return tooLarge;
         if (count.value() < wanted) return bytes;
     }
 }

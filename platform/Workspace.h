@@ -19,7 +19,7 @@ struct InstalledApplication {
     friend bool operator==(const InstalledApplication&, const InstalledApplication&) = default;
 };
 
-/// All operations may be called from any thread.
+/// All operations may be called from any thread unless they say otherwise.
 class Workspace {
   public:
     virtual ~Workspace() = default;
@@ -28,6 +28,10 @@ class Workspace {
     /// lie in a folder are not among them. Ordered by URL. After a stop request it returns soon
     /// with some of them.
     virtual std::vector<InstalledApplication> applications(std::stop_token stop) const = 0;
+
+    /// Opens the file viewer on these files, selected. Returns at once; what is no longer there is
+    /// not looked for. UI thread only.
+    virtual void reveal(const std::vector<FileUrl>& urls) = 0;
 };
 
 }  // namespace nookwise

@@ -146,4 +146,9 @@ Result<VolumeFigures> LinuxFileManager::volumeFigures(const FileUrl& url) const 
                          .totalBytes = inBytes(figures.f_blocks)};
 }
 
+bool LinuxFileManager::exists(const FileUrl& url) const {
+    struct statx status {};
+    return statPath(url.path(), status);
+}
+
 }  // namespace nookwise

@@ -2,11 +2,20 @@
 #pragma once
 
 #include "platform/FileManager.h"
+#include "platform/linux/Trash.h"
+#include "platform/linux/Unfinished.h"
+
+#include <mutex>
 
 namespace nookwise {
 
 class LinuxFileManager final : public FileManager {
   public:
+    /// Over the Trash and the data folder of this process's environment.
+    LinuxFileManager();
+    /// `dataHome` holds the home Trash and the application's own folder.
+    explicit LinuxFileManager(const FileUrl& dataHome);
+
     Result<std::monostate> enumerate(const FileUrl& root, const EnumerationRules& rules,
                                      const std::function<void(FoundFile&&)>& found,
                                      std::stop_token stop) const override;
@@ -15,6 +24,23 @@ class LinuxFileManager final : public FileManager {
     Result<FileUrl> resolved(const FileUrl& url) const override;
     Result<std::unique_ptr<FileReader>> open(const FileUrl& url) const override;
     Result<VolumeFigures> volumeFigures(const FileUrl& url) const override;
+    bool exists(const FileUrl& url) const override;
+
+    // What changes files (LinuxFileChanges.cpp).
+    Result<std::monostate> createFolder(const FileUrl& url, FolderAccess access) override;
+    Result<std::monostate> move(const FileUrl& from, const FileUrl& to) override;
+    Result<std::monostate> copy(const FileUrl& from, const FileUrl& to) override;
+    Result<std::optional<FileUrl>> trash(const FileUrl& url) override;
+    Result<std::monostate> replaceContents(const FileUrl& url, std::string_view contents) override;
+    void removeLeftovers() override;
+
+  private:
+    FileUrl ownFolder_;
+    Trash trash_;
+    Unfinished unfinished_;
+    /// Held while one of the application's own files is replaced, so that the replacement is not
+    /// taken for a leftover.
+    std::mutex replacing_;
 };
 
 }  // namespace nookwise

@@ -2,6 +2,7 @@
 
 #include "platform/linux/GLibPointer.h"
 #include "platform/linux/RegularFile.h"
+#include "platform/linux/Reveal.h"
 
 #include <algorithm>
 #include <filesystem>
@@ -108,6 +109,10 @@ std::vector<InstalledApplication> LinuxWorkspace::applications(std::stop_token s
     std::sort(found.begin(), found.end(),
               [](const auto& a, const auto& b) { return a.url < b.url; });
     return found;
+}
+
+void LinuxWorkspace::reveal(const std::vector<FileUrl>& urls) {
+    revealInFileViewer(urls, openWithDesktop);
 }
 
 }  // namespace nookwise

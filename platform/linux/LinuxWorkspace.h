@@ -20,6 +20,9 @@ class LinuxWorkspace : public Workspace {
     /// one in the first folder counts, also when it hides the application.
     std::vector<InstalledApplication> applications(std::stop_token stop) const override;
 
+    /// Needs the Qt event loop.
+    void reveal(const std::vector<FileUrl>& urls) override;
+
   private:
     std::vector<FileUrl> desktopEntryFolders_;
 };

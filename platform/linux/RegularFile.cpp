@@ -7,9 +7,28 @@
 #include <fcntl.h>
 
 namespace nookwise {
+namespace {
+
+constexpr int waitingForNothing = O_RDONLY | O_NONBLOCK | O_NOCTTY;
+
+std::optional<std::string> whole(const std::optional<RegularFile>& file, std::size_t limit) {
+    if (!file) return std::nullopt;
+    auto bytes = file->beginning(limit + 1);
+    if (bytes.size() > limit) return std::nullopt;
+    return bytes;
+}
+
+}  // namespace
 
 std::optional<RegularFile> RegularFile::open(const FileUrl& url) {
-    auto descriptor = openPath(url.path(), O_RDONLY | O_NONBLOCK | O_NOCTTY);
+    return checked(openPath(url.path(), waitingForNothing));
+}
+
+std::optional<RegularFile> RegularFile::openIn(int folder, std::string_view name) {
+    return checked(openBelow(folder, name, waitingForNothing));
+}
+
+std::optional<RegularFile> RegularFile::checked(FileDescriptor descriptor) {
     struct stat status {};
     if (!descriptor || ::fstat(descriptor.get(), &status) != 0) return std::nullopt;
     if (!S_ISREG(status.st_mode)) return std::nullopt;
@@ -37,11 +56,11 @@ std::string RegularFile::beginning(std::size_t limit) const {
 }
 
 std::optional<std::string> readSmallFile(const FileUrl& url, std::size_t limit) {
-    const auto file = RegularFile::open(url);
-    if (!file) return std::nullopt;
-    auto bytes = file->beginning(limit + 1);
-    if (bytes.size() > limit) return std::nullopt;
-    return bytes;
+    return whole(RegularFile::open(url), limit);
+}
+
+std::optional<std::string> readSmallFile(int folder, std::string_view name, std::size_t limit) {
+    return whole(RegularFile::openIn(folder, name), limit);
 }
 
 }  // namespace nookwise

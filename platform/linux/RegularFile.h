@@ -7,6 +7,7 @@
 #include <cstddef>
 #include <optional>
 #include <string>
+#include <string_view>
 
 #include <sys/stat.h>
 
@@ -20,6 +21,9 @@ class RegularFile {
     /// A link is followed.
     static std::optional<RegularFile> open(const FileUrl& url);
 
+    /// The same for `name` in the open folder `folder`, but no link is followed.
+    static std::optional<RegularFile> openIn(int folder, std::string_view name);
+
     /// As of opening.
     const struct stat& status() const noexcept { return status_; }
 
@@ -27,6 +31,7 @@ class RegularFile {
     std::string beginning(std::size_t limit) const;
 
   private:
+    static std::optional<RegularFile> checked(FileDescriptor descriptor);
     RegularFile(FileDescriptor descriptor, const struct stat& status);
 
     FileDescriptor descriptor_;
@@ -35,5 +40,8 @@ class RegularFile {
 
 /// A whole file. None when it cannot be opened or is longer than `limit` bytes.
 std::optional<std::string> readSmallFile(const FileUrl& url, std::size_t limit);
+
+/// The same for `name` in the open folder `folder`, but no link is followed.
+std::optional<std::string> readSmallFile(int folder, std::string_view name, std::size_t limit);
 
 }  // namespace nookwise

@@ -40,6 +40,14 @@ TEST_F(WholeFile, isRefusedBeyondTheLimitHoweverLargeItClaimsToBe) {
     EXPECT_EQ(wholeFile(files, file, 5'000'000).error().code, std::errc::file_too_large);
 }
 
+TEST_F(WholeFile, isRefusedWhereItGrewBeyondTheLimitMeanwhile) {
+    files.addFile("/file", {.contents = "bytes"});
+    files.onOperation([&](const FakeOperation& operation) {
+        if (operation.kind == FakeOperation::Kind::read) files.setContents("/file", "more bytes");
+    });
+    EXPECT_EQ(wholeFile(files, file, 5).error().code, std::errc::file_too_large);
+}
+
 TEST_F(WholeFile, failsOnWhatIsNoRegularFile) {
     files.addFolder("/file");
     EXPECT_FALSE(wholeFile(files, file, 10));

@@ -72,4 +72,38 @@ Result<VolumeFigures> FailingFileManager::volumeFigures(const FileUrl& url) cons
     return inner_.volumeFigures(url);
 }
 
+bool FailingFileManager::exists(const FileUrl& url) const {
+    return !isTheFailingOne() && inner_.exists(url);
+}
+
+Result<std::monostate> FailingFileManager::createFolder(const FileUrl& url, FolderAccess access) {
+    if (isTheFailingOne()) return ioError(url, "create");
+    return inner_.createFolder(url, access);
+}
+
+Result<std::monostate> FailingFileManager::move(const FileUrl& from, const FileUrl& to) {
+    if (isTheFailingOne()) return ioError(from, "move");
+    return inner_.move(from, to);
+}
+
+Result<std::monostate> FailingFileManager::copy(const FileUrl& from, const FileUrl& to) {
+    if (isTheFailingOne()) return ioError(from, "copy");
+    return inner_.copy(from, to);
+}
+
+Result<std::optional<FileUrl>> FailingFileManager::trash(const FileUrl& url) {
+    if (isTheFailingOne()) return ioError(url, "trash");
+    return inner_.trash(url);
+}
+
+Result<std::monostate> FailingFileManager::replaceContents(const FileUrl& url,
+                                                           std::string_view contents) {
+    if (isTheFailingOne()) return ioError(url, "write");
+    return inner_.replaceContents(url, contents);
+}
+
+void FailingFileManager::removeLeftovers() {
+    if (!isTheFailingOne()) inner_.removeLeftovers();
+}
+
 }  // namespace nookwise

@@ -15,7 +15,7 @@ class FailingFileManager : public FileManager {
   public:
     /// `failingOperation` counts from 1; 0 lets everything pass, to learn how many operations there
     /// are.
-    FailingFileManager(const FileManager& inner, int failingOperation)
+    FailingFileManager(FileManager& inner, int failingOperation)
         : inner_(inner), failingOperation_(failingOperation) {}
 
     int operations() const { return operations_; }
@@ -28,13 +28,21 @@ class FailingFileManager : public FileManager {
     Result<FileUrl> resolved(const FileUrl& url) const override;
     Result<std::unique_ptr<FileReader>> open(const FileUrl& url) const override;
     Result<VolumeFigures> volumeFigures(const FileUrl& url) const override;
+    /// Fails as a file does that cannot be looked at: it counts as missing.
+    bool exists(const FileUrl& url) const override;
+    Result<std::monostate> createFolder(const FileUrl& url, FolderAccess access) override;
+    Result<std::monostate> move(const FileUrl& from, const FileUrl& to) override;
+    Result<std::monostate> copy(const FileUrl& from, const FileUrl& to) override;
+    Result<std::optional<FileUrl>> trash(const FileUrl& url) override;
+    Result<std::monostate> replaceContents(const FileUrl& url, std::string_view contents) override;
+    void removeLeftovers() override;
 
   private:
     class Reader;
 
     bool isTheFailingOne() const { return ++operations_ == failingOperation_; }
 
-    const FileManager& inner_;
+    FileManager& inner_;
     const int failingOperation_;
     mutable std::atomic<int> operations_{0};
 };

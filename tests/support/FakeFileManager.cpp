@@ -1,5 +1,7 @@
 #include "tests/support/FakeFileManager.h"
 
+#include "tests/support/FakeFileNode.h"
+
 #include <algorithm>
 #include <cstring>
 #include <stdexcept>
@@ -19,21 +21,6 @@ bool isHidden(std::string_view name) {
 }
 
 }  // namespace
-
-struct FakeFileManager::Node {
-    FileAttributes attributes;
-    FileReader::State state;
-    std::string contents;
-    /// In the order of the names' bytes.
-    std::map<std::string, NodePointer, std::less<>> entries;
-    /// Where a link leads; empty for everything else.
-    std::string target;
-    bool readable = true;
-
-    bool isFolder() const { return attributes.type == FileType::folder; }
-    bool holdsEntries() const { return isFolder() || attributes.type == FileType::package; }
-    bool isLink() const { return !target.empty(); }
-};
 
 struct FakeFileManager::Enumeration {
     const EnumerationRules& rules;
@@ -362,6 +349,12 @@ Result<VolumeFigures> FakeFileManager::volumeFigures(const FileUrl& url) const {
     const std::lock_guard lock(mutex_);
     if (!figures_) return failure(std::errc::io_error, url, "volume figures");
     return *figures_;
+}
+
+bool FakeFileManager::exists(const FileUrl& url) const {
+    announce(FakeOperation::Kind::exists, url);
+    const std::lock_guard lock(mutex_);
+    return find(url.path()) != nullptr;
 }
 
 }  // namespace nookwise

@@ -38,6 +38,13 @@ struct FakeOperation {
         state,
         read,
         volumeFigures,
+        exists,
+        createFolder,
+        move,
+        copy,
+        trash,
+        replaceContents,
+        removeLeftovers,
     };
 
     int number = 0;
@@ -76,6 +83,13 @@ class FakeFileManager : public FileManager {
     /// None: asking for the figures fails.
     void setVolumeFigures(std::optional<VolumeFigures> figures);
 
+    /// Refuses every change at this path and below it from now on.
+    void forbidChanges(std::string_view path);
+    /// From now on trashing succeeds without telling where.
+    void keepTrashPlacesSecret() { tellsTrashPlaces_ = false; }
+    /// What a file holds.
+    std::string contents(std::string_view path) const;
+
     // Watching the work.
     /// Called before each operation takes effect, on the thread that asked for it, with no lock
     /// held: it may change the tree.
@@ -90,6 +104,16 @@ class FakeFileManager : public FileManager {
     Result<FileUrl> resolved(const FileUrl& url) const override;
     Result<std::unique_ptr<FileReader>> open(const FileUrl& url) const override;
     Result<VolumeFigures> volumeFigures(const FileUrl& url) const override;
+    bool exists(const FileUrl& url) const override;
+    // What changes files (FakeFileChanges.cpp).
+    Result<std::monostate> createFolder(const FileUrl& url, FolderAccess access) override;
+    Result<std::monostate> move(const FileUrl& from, const FileUrl& to) override;
+    Result<std::monostate> copy(const FileUrl& from, const FileUrl& to) override;
+    /// The Trash is the folder /Trash.
+    Result<std::optional<FileUrl>> trash(const FileUrl& url) override;
+    Result<std::monostate> replaceContents(const FileUrl& url, std::string_view contents) override;
+    /// Removes nothing: nothing is left over here.
+    void removeLeftovers() override;
 
   private:
     class Reader;
@@ -112,7 +136,16 @@ class FakeFileManager : public FileManager {
     /// Empty when the folder cannot be listed (any more).
     std::vector<std::string> entryNames(const FileUrl& folder) const;
 
+    /// Why `url` may not be changed, or none.
+    std::optional<FileError> refusal(const FileUrl& url, const char* operation) const;
+    /// The file at `from` and the folder that is to hold `to`, or why that cannot be.
+    struct Placement;
+    Result<Placement> placement(const FileUrl& from, const FileUrl& to,
+                                const char* operation) const;
+
     mutable std::mutex mutex_;
+    std::vector<FileUrl> unchangeable_;
+    bool tellsTrashPlaces_ = true;
     NodePointer root_;
     std::uint64_t lastInode_ = 0;
     std::optional<VolumeFigures> figures_;

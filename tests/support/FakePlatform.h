@@ -20,7 +20,7 @@ struct FakePlatform {
         }
     }
 
-    Platform platform() { return {files, metadata, folders, workspace, clock, tasks}; }
+    Platform platform() { return {files, metadata, folders, workspace, defaults, clock, tasks}; }
 
     FakeFileManager files;
     FakeMetadata metadata;

@@ -11,7 +11,11 @@ class FakeWorkspace : public Workspace {
         return installed;
     }
 
+    void reveal(const std::vector<FileUrl>& urls) override { revealed.push_back(urls); }
+
     std::vector<InstalledApplication> installed;
+    /// What was to be shown, call by call.
+    std::vector<std::vector<FileUrl>> revealed;
 };
 
 }  // namespace nookwise

@@ -10,7 +10,7 @@ namespace nookwise::demo {
 /// agreed files. Both arguments must outlive it; `agreed` must not change meanwhile.
 class DatedFileManager final : public FileManager {
   public:
-    DatedFileManager(const FileManager& files, const AgreedFiles& agreed)
+    DatedFileManager(FileManager& files, const AgreedFiles& agreed)
         : files_(files), agreed_(agreed) {}
 
     Result<std::monostate> enumerate(const FileUrl& root, const EnumerationRules& rules,
@@ -25,11 +25,26 @@ class DatedFileManager final : public FileManager {
     Result<VolumeFigures> volumeFigures(const FileUrl& url) const override {
         return files_.volumeFigures(url);
     }
+    bool exists(const FileUrl& url) const override { return files_.exists(url); }
+    Result<std::monostate> createFolder(const FileUrl& url, FolderAccess access) override {
+        return files_.createFolder(url, access);
+    }
+    Result<std::monostate> move(const FileUrl& from, const FileUrl& to) override {
+        return files_.move(from, to);
+    }
+    Result<std::monostate> copy(const FileUrl& from, const FileUrl& to) override {
+        return files_.copy(from, to);
+    }
+    Result<std::optional<FileUrl>> trash(const FileUrl& url) override { return files_.trash(url); }
+    Result<std::monostate> replaceContents(const FileUrl& url, std::string_view contents) override {
+        return files_.replaceContents(url, contents);
+    }
+    void removeLeftovers() override { files_.removeLeftovers(); }
 
   private:
     void agree(const FileUrl& url, FileAttributes& attributes) const;
 
-    const FileManager& files_;
+    FileManager& files_;
     const AgreedFiles& agreed_;
 };
 

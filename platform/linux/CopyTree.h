@@ -1,0 +1,17 @@
+// Copying a file, or a folder and all that is below it.
+#pragma once
+
+#include "platform/linux/Tree.h"
+
+namespace nookwise {
+
+/// Whether everything in the tree can be copied: files, folders, links and pipes. False with errno
+/// EOPNOTSUPP for sockets and devices.
+bool isCopyable(const Tree& tree);
+
+/// Makes a durable copy of a listed tree, which stands at `from`, under the free name `to`. False
+/// with errno set, EBUSY when what is there is no longer what was listed; what was copied so far is
+/// still there then.
+bool copyTree(const Tree& tree, TreePlace from, TreePlace to);
+
+}  // namespace nookwise

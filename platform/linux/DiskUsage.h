@@ -1,0 +1,12 @@
+// What a folder takes up.
+#pragma once
+
+#include <cstdint>
+
+namespace nookwise {
+
+/// Bytes on disk of an open folder and all below it, as du(1) counts them: folders and links count
+/// too, and a file of several names counts once. What cannot be read counts nothing.
+std::int64_t diskUsage(int folder);
+
+}  // namespace nookwise

@@ -1,0 +1,111 @@
+#include "platform/linux/FileContents.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <cstddef>
+#include <memory>
+
+#include <fcntl.h>
+#include <linux/fs.h>
+#include <sys/ioctl.h>
+#include <unistd.h>
+
+namespace nookwise {
+namespace {
+
+// How much the kernel is asked to copy at once, so that a process can still be stopped in between.
+constexpr std::int64_t kernelPiece = 128LL << 20U;
+constexpr std::int64_t bufferSize = 1LL << 20U;
+constexpr std::int64_t blockUnit = 512;
+
+class Contents {
+  public:
+    Contents(int from, int to, const FileState& state)
+        : from_(from), to_(to), size_(state.size), isSparse_(state.blocks * blockUnit < size_) {}
+
+    bool copyAll() {
+        ::posix_fadvise(from_, 0, 0, POSIX_FADV_SEQUENTIAL);
+        if (!isSparse_) return copyRange(0, size_);
+        return copyData() && ::ftruncate(to_, size_) == 0;
+    }
+
+  private:
+    bool copyData() {
+        for (std::int64_t hole = 0; hole < size_;) {
+            const auto data = ::lseek(from_, hole, SEEK_DATA);
+            if (data < 0 && errno == ENXIO) return true;
+            // Without knowledge of holes, everything is data.
+            if (data < 0) return copyRange(hole, size_);
+            const auto end = ::lseek(from_, data, SEEK_HOLE);
+            if (end < 0) return false;
+            hole = std::min(end, size_);
+            if (!copyRange(data, hole)) return false;
+        }
+        return true;
+    }
+
+    bool copyRange(std::int64_t start, std::int64_t end) {
+        const auto position = copyInKernel(start, end);
+        return position >= end || copyThroughBuffer(position, end);
+    }
+
+    /// How far it came. Why it stopped does not matter: the other way comes upon it again.
+    std::int64_t copyInKernel(std::int64_t position, std::int64_t end) const {
+        off64_t source = position;
+        off64_t target = position;
+        while (source < end) {
+            const auto length = static_cast<std::size_t>(std::min(end - source, kernelPiece));
+            if (::copy_file_range(from_, &source, to_, &target, length, 0) <= 0) break;
+        }
+        return source;
+    }
+
+    bool copyThroughBuffer(std::int64_t position, std::int64_t end) {
+        if (!buffer_)
+            buffer_ = std::make_unique_for_overwrite<char[]>(
+                static_cast<std::size_t>(std::min(bufferSize, size_)));
+        while (position < end) {
+            const auto length = static_cast<std::size_t>(std::min(end - position, bufferSize));
+            const auto count = ::pread(from_, buffer_.get(), length, position);
+            if (count < 0 && errno == EINTR) continue;
+            if (count == 0) errno = EBUSY;
+            if (count <= 0 || !write(position, static_cast<std::size_t>(count))) return false;
+            position += count;
+        }
+        return true;
+    }
+
+    bool write(std::int64_t position, std::size_t length) const {
+        for (std::size_t written = 0; written < length;) {
+            const auto count = ::pwrite(to_, buffer_.get() + written, length - written,
+                                        position + static_cast<std::int64_t>(written));
+            if (count < 0 && errno == EINTR) continue;
+            if (count < 0) return false;
+            written += static_cast<std::size_t>(count);
+        }
+        return true;
+    }
+
+    int from_;
+    int to_;
+    std::int64_t size_;
+    bool isSparse_;
+    std::unique_ptr<char[]> buffer_;
+};
+
+/// Some files, as those of /proc, hold more than they say.
+bool endsAt(int file, std::int64_t size) {
+    char next = 0;
+    const auto count = ::pread(file, &next, 1, size);
+    if (count > 0) errno = EBUSY;
+    return count == 0;
+}
+
+}  // namespace
+
+bool copyContents(int from, int to, const FileState& state) {
+    if (::ioctl(to, FICLONE, from) == 0) return true;
+    return Contents(from, to, state).copyAll() && endsAt(from, state.size);
+}
+
+}  // namespace nookwise

@@ -1,0 +1,52 @@
+#include "platform/linux/Environment.h"
+#include "platform/linux/LinuxFileManager.h"
+#include "platform/linux/NewFolder.h"
+#include "platform/linux/OwnFile.h"
+#include "platform/linux/Transfer.h"
+
+namespace nookwise {
+
+LinuxFileManager::LinuxFileManager()
+    : LinuxFileManager(baseFolders(processEnvironment).dataHome) {}
+
+LinuxFileManager::LinuxFileManager(const FileUrl& dataHome)
+    : ownFolder_(dataHome.append("Nookwise")),
+      trash_(dataHome.append("Trash")),
+      unfinished_(ownFolder_.append("unfinished")) {}
+
+Result<std::monostate> LinuxFileManager::createFolder(const FileUrl& url, FolderAccess access) {
+    return makeFolder(url, access);
+}
+
+Result<std::monostate> LinuxFileManager::move(const FileUrl& from, const FileUrl& to) {
+    auto moved = moveItem(from, to, unfinished_);
+    if (moved) trash_.forget(from);
+    return moved;
+}
+
+Result<std::monostate> LinuxFileManager::copy(const FileUrl& from, const FileUrl& to) {
+    return copyItem(from, to, unfinished_);
+}
+
+Result<std::optional<FileUrl>> LinuxFileManager::trash(const FileUrl& url) {
+    auto trashed = trash_.trash(url);
+    if (!trashed) return trashed.error();
+    return std::optional(std::move(trashed.value()));
+}
+
+Result<std::monostate> LinuxFileManager::replaceContents(const FileUrl& url,
+                                                         std::string_view contents) {
+    const std::lock_guard lock(replacing_);
+    return replaceOwnFile(url, contents);
+}
+
+void LinuxFileManager::removeLeftovers() {
+    unfinished_.removeRecorded();
+    {
+        const std::lock_guard lock(replacing_);
+        removeUnfinishedReplacements(ownFolder_);
+    }
+    trash_.removeLeftovers();
+}
+
+}  // namespace nookwise

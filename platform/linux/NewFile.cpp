@@ -1,0 +1,36 @@
+#include "platform/linux/NewFile.h"
+
+#include "platform/linux/OpenAt.h"
+
+#include <cerrno>
+
+#include <fcntl.h>
+#include <unistd.h>
+
+namespace nookwise {
+namespace {
+
+bool writeAll(int file, std::string_view contents) {
+    while (!contents.empty()) {
+        const auto count = ::write(file, contents.data(), contents.size());
+        if (count < 0 && errno != EINTR) return false;
+        if (count > 0) contents.remove_prefix(static_cast<std::size_t>(count));
+    }
+    return true;
+}
+
+}  // namespace
+
+bool writeNewFile(int folder, const char* name, std::string_view contents) {
+    FileDescriptor file(
+        ::openat(folder, name, O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, 0600));
+    if (!file) return false;
+    // A network file system may not find out before the file is closed that it has no space.
+    if (writeAll(file.get(), contents) && ::close(file.release()) == 0) return true;
+    const int reason = errno;
+    ::unlinkat(folder, name, 0);
+    errno = reason;
+    return false;
+}
+
+}  // namespace nookwise

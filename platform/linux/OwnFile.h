@@ -1,0 +1,17 @@
+// Writing the application's own files.
+#pragma once
+
+#include "platform/Result.h"
+
+#include <string_view>
+#include <variant>
+
+namespace nookwise {
+
+/// As FileManager::replaceContents.
+Result<std::monostate> replaceOwnFile(const FileUrl& url, std::string_view contents);
+
+/// Removes what killed processes left of unfinished replacements in `folder`.
+void removeUnfinishedReplacements(const FileUrl& folder);
+
+}  // namespace nookwise

@@ -1,0 +1,159 @@
+#include "platform/linux/OwnFile.h"
+#include "tests/changes/Snapshot.h"
+#include "tests/support/OrdinaryUser.h"
+#include "tests/support/TemporaryFolder.h"
+
+#include <filesystem>
+#include <string>
+
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace nookwise {
+namespace {
+
+namespace fs = std::filesystem;
+
+const std::string leftover = ".nookwise-0123456789abcdef0123456789abcdef.new";
+
+mode_t permissions(const std::string& path) {
+    struct stat status {};
+    return ::stat(path.c_str(), &status) == 0 ? status.st_mode & ALLPERMS : 0;
+}
+
+TEST(OwnFile, makesAFileForItsOwnerAlone) {
+    const TemporaryFolder home;
+    ASSERT_TRUE(replaceOwnFile(home.url("log"), std::string_view("a\0b", 3)));
+    EXPECT_EQ(contents(home.path("log")), std::string("a\0b", 3));
+    EXPECT_EQ(permissions(home.path("log")), 0600U);
+    EXPECT_EQ(names(home.path()), "log");
+}
+
+TEST(OwnFile, replacesAllOfTheContentsWithANewFile) {
+    const TemporaryFolder home;
+    home.write("log", "something much longer");
+    fs::create_hard_link(home.path("log"), home.path("kept"));
+    ASSERT_TRUE(replaceOwnFile(home.url("log"), ""));
+    EXPECT_EQ(contents(home.path("log")), "");
+    EXPECT_EQ(permissions(home.path("log")), 0600U);
+    EXPECT_EQ(contents(home.path("kept")), "something much longer");
+}
+
+TEST(OwnFile, writesMoreThanOneCallTakes) {
+    const TemporaryFolder home;
+    const std::string much(20'000'000, 'm');
+    ASSERT_TRUE(replaceOwnFile(home.url("log"), much));
+    EXPECT_EQ(contents(home.path("log")), much);
+}
+
+TEST(OwnFile, keepsALinkAndWritesWhereItLeads) {
+    const TemporaryFolder home;
+    home.write("dotfiles/log", "old");
+    home.makeFolder("own");
+    fs::create_symlink("../dotfiles/second", home.path("own/log"));
+    fs::create_symlink(home.path("dotfiles/log"), home.path("dotfiles/second"));
+    ASSERT_TRUE(replaceOwnFile(home.url("own/log"), "new"));
+    EXPECT_EQ(contents(home.path("dotfiles/log")), "new");
+    EXPECT_TRUE(fs::is_symlink(home.path("own/log")));
+    EXPECT_TRUE(fs::is_symlink(home.path("dotfiles/second")));
+    EXPECT_EQ(names(home.path("own")), "log");
+    EXPECT_EQ(names(home.path("dotfiles")), "log second");
+}
+
+TEST(OwnFile, makesTheFileThatALinkWaitsFor) {
+    const TemporaryFolder home;
+    home.makeFolder("elsewhere");
+    fs::create_symlink("elsewhere/log", home.path("log"));
+    ASSERT_TRUE(replaceOwnFile(home.url("log"), "new"));
+    EXPECT_EQ(contents(home.path("elsewhere/log")), "new");
+}
+
+TEST(OwnFile, touchesNothingButFiles) {
+    const TemporaryFolder home;
+    home.makeFolder("folder");
+    home.makePipe("pipe");
+    fs::create_symlink("loop", home.path("loop"));
+    fs::create_symlink("missing/log", home.path("astray"));
+    fs::create_symlink("folder/", home.path("slash"));
+    const auto before = snapshot(home.path());
+    for (const auto* const name : {"folder", "pipe", "loop", "astray", "slash", "no/file", ".."})
+        EXPECT_FALSE(replaceOwnFile(home.url(name), "new")) << name;
+    EXPECT_FALSE(replaceOwnFile(FileUrl("/dev/null"), "new"));
+    EXPECT_FALSE(replaceOwnFile(FileUrl(), "new"));
+    EXPECT_EQ(snapshot(home.path()), before);
+    EXPECT_TRUE(fs::is_character_file("/dev/null"));
+}
+
+TEST(OwnFile, tellsWhatItCouldNotReplace) {
+    const TemporaryFolder home;
+    const auto replaced = replaceOwnFile(home.url("no/file"), "new");
+    ASSERT_FALSE(replaced);
+    EXPECT_EQ(replaced.error().code, std::errc::no_such_file_or_directory);
+    EXPECT_EQ(replaced.error().url, home.url("no/file"));
+}
+
+TEST(OwnFile, takesTheLongestName) {
+    const TemporaryFolder home;
+    EXPECT_TRUE(replaceOwnFile(home.url(std::string(255, 'n')), "x"));
+    const auto tooLong = replaceOwnFile(home.url(std::string(256, 'n')), "x");
+    ASSERT_FALSE(tooLong);
+    EXPECT_EQ(names(home.path()), std::string(255, 'n'));
+}
+
+TEST(OwnFile, leavesTheOldContentsWhereItMayNotWrite) {
+    const TemporaryFolder home;
+    home.write("log", "old");
+    fs::permissions(home.path(), fs::perms(0555));
+    const OrdinaryUser user;
+    EXPECT_FALSE(replaceOwnFile(home.url("log"), "new"));
+    EXPECT_EQ(contents(home.path("log")), "old");
+    EXPECT_EQ(names(home.path()), "log");
+}
+
+TEST(UnfinishedReplacements, areRemovedAndNothingElseIs) {
+    const TemporaryFolder home;
+    home.write(leftover, "half");
+    home.write(leftover + "x", "x");
+    home.write(".nookwise-0123456789ABCDEF0123456789ABCDEF.new", "x");
+    home.write(".nookwise-0123456789abcdef0123456789abcde.new", "x");
+    home.write(".nookwise-.new", "x");
+    home.makeFolder(".nookwise-11111111111111111111111111111111.new");
+    fs::create_symlink("log", home.path(".nookwise-22222222222222222222222222222222.new"));
+    home.write("log", "x");
+    auto before = snapshot(home.path());
+    removeUnfinishedReplacements(home.url());
+    before.erase(leftover);
+    auto after = snapshot(home.path());
+    before.erase("");
+    after.erase("");
+    EXPECT_EQ(after, before);
+}
+
+TEST(UnfinishedReplacements, areRemovedWhereALinkLeadsToo) {
+    const TemporaryFolder home;
+    home.write("dotfiles/log", "x");
+    home.write("dotfiles/" + leftover, "half");
+    home.makeFolder("own");
+    fs::create_symlink("../dotfiles/log", home.path("own/log"));
+    removeUnfinishedReplacements(home.url("own"));
+    EXPECT_EQ(names(home.path("dotfiles")), "log");
+}
+
+TEST(UnfinishedReplacements, ofOtherUsersStay) {
+    if (::geteuid() != 0) GTEST_SKIP() << "only root may give files away";
+    const TemporaryFolder home;
+    home.write(leftover, "half");
+    ASSERT_EQ(::chown(home.path(leftover).c_str(), 1234, 1234), 0);
+    removeUnfinishedReplacements(home.url());
+    EXPECT_EQ(names(home.path()), leftover);
+}
+
+TEST(UnfinishedReplacements, needNoFolder) {
+    const TemporaryFolder home;
+    removeUnfinishedReplacements(home.url("missing"));
+    EXPECT_EQ(names(home.path()), "");
+}
+
+}  // namespace
+}  // namespace nookwise

@@ -1,0 +1,138 @@
+// What other programs do in between cannot be timed; what they leave can be made beforehand.
+#include "platform/linux/CopyTree.h"
+#include "platform/linux/RemoveTree.h"
+#include "tests/changes/Snapshot.h"
+#include "tests/support/TemporaryFolder.h"
+
+#include <filesystem>
+#include <functional>
+#include <string>
+
+#include <fcntl.h>
+#include <gtest/gtest.h>
+#include <unistd.h>
+
+namespace nookwise {
+namespace {
+
+namespace fs = std::filesystem;
+
+class Race : public testing::Test {
+  protected:
+    Race() : folder_(openPath(home.path().native(), O_RDONLY | O_DIRECTORY)) {
+        home.write("source/inner/a", "aaaa");
+        home.write("source/b", "bb");
+    }
+
+    TreePlace at(const char* name) const { return {folder_.get(), name}; }
+    Tree listed() const {
+        Tree tree;
+        EXPECT_TRUE(listTree(at("source"), TreeUse::copying, tree));
+        return tree;
+    }
+    void expectCopyFails(const std::function<void()>& interfere, int reason) const {
+        const auto tree = listed();
+        interfere();
+        EXPECT_FALSE(copyTree(tree, at("source"), at("copy")));
+        EXPECT_EQ(errno, reason);
+        EXPECT_TRUE(removeTree(at("copy")));
+    }
+    void expectSeen(const std::function<void()>& interfere) const {
+        const auto tree = listed();
+        EXPECT_TRUE(isTreeUnchanged(tree, at("source")));
+        interfere();
+        EXPECT_FALSE(isTreeUnchanged(tree, at("source")));
+        std::size_t removed = 0;
+        EXPECT_FALSE(removeListed(tree, at("source"), removed));
+    }
+    void replace(const char* relative, const char* contents) const {
+        home.write("other", contents);
+        fs::rename(home.path("other"), home.path(relative));
+    }
+
+    const TemporaryFolder home;
+
+  private:
+    FileDescriptor folder_;
+};
+
+TEST_F(Race, noticesAPipeInPlaceOfAFileAndDoesNotWaitForIt) {
+    expectCopyFails(
+        [&] {
+            fs::remove(home.path("source/b"));
+            home.makePipe("source/b");
+        },
+        EBUSY);
+}
+
+TEST_F(Race, noticesAnotherFileOfTheSameLengthInPlaceOfOne) {
+    expectCopyFails([&] { replace("source/inner/a", "AAAA"); }, EBUSY);
+}
+
+TEST_F(Race, neverFollowsALinkInPlaceOfAFile) {
+    expectCopyFails(
+        [&] {
+            home.write("secret", "bb");
+            fs::remove(home.path("source/b"));
+            fs::create_symlink(home.path("secret"), home.path("source/b"));
+        },
+        ELOOP);
+}
+
+TEST_F(Race, neverFollowsALinkInPlaceOfAFolder) {
+    expectCopyFails(
+        [&] {
+            fs::rename(home.path("source/inner"), home.path("elsewhere"));
+            fs::create_symlink(home.path("elsewhere"), home.path("source/inner"));
+        },
+        ENOTDIR);
+}
+
+TEST_F(Race, noticesAFileThatVanished) {
+    expectCopyFails([&] { fs::remove(home.path("source/b")); }, ENOENT);
+}
+
+TEST_F(Race, noticesAFileThatGrewOrShrank) {
+    expectCopyFails([&] { fs::resize_file(home.path("source/b"), 5); }, EBUSY);
+    expectCopyFails([&] { fs::resize_file(home.path("source/b"), 1); }, EBUSY);
+}
+
+TEST_F(Race, seesANewEntryBeforePublishingAndRemovesNoFolderThatHoldsIt) {
+    expectSeen([&] { home.write("source/inner/new", "x"); });
+    EXPECT_EQ(names(home.path("source/inner")), "new");
+}
+
+TEST_F(Race, seesAReplacedFileBeforePublishingAndNeverRemovesIt) {
+    expectSeen([&] { replace("source/inner/a", "AAAA"); });
+    EXPECT_EQ(names(home.path("source/inner")), "a");
+}
+
+TEST_F(Race, seesAFileThatWasWrittenInPlaceAndNeverRemovesIt) {
+    expectSeen([&] { fs::resize_file(home.path("source/b"), 3); });
+    EXPECT_EQ(names(home.path("source")).find('b'), 0U);
+}
+
+TEST_F(Race, seesThatPermissionsChanged) {
+    const auto tree = listed();
+    fs::permissions(home.path("source/b"), fs::perms::owner_read);
+    EXPECT_FALSE(isTreeUnchanged(tree, at("source")));
+}
+
+TEST_F(Race, knowsATreeAgainUnderAnotherName) {
+    const auto tree = listed();
+    fs::rename(home.path("source"), home.path("hidden"));
+    EXPECT_TRUE(isTreeUnchanged(tree, at("hidden")));
+    EXPECT_FALSE(isTreeUnchanged(tree, at("source")));
+}
+
+TEST_F(Race, removesAllNamesOfOneFile) {
+    fs::create_hard_link(home.path("source/b"), home.path("source/c"));
+    const auto tree = listed();
+    std::size_t removed = 0;
+    EXPECT_TRUE(removeListed(tree, at("source"), removed));
+    EXPECT_EQ(removed, tree.size());
+    EXPECT_EQ(names(home.path()), "");
+}
+
+}  // namespace
+}  // namespace nookwise

@@ -1,0 +1,128 @@
+#include "tests/support/FakeFileManager.h"
+#include "tests/support/FakeFileNode.h"
+
+#include <utility>
+
+namespace nookwise {
+namespace {
+
+FileError failure(std::errc code, const FileUrl& url, const char* operation) {
+    return {std::make_error_code(code), url, operation};
+}
+
+}  // namespace
+
+struct FakeFileManager::Placement {
+    NodePointer file;
+    NodePointer folder;
+};
+
+void FakeFileManager::forbidChanges(std::string_view path) {
+    const std::lock_guard lock(mutex_);
+    unchangeable_.emplace_back(path);
+}
+
+std::string FakeFileManager::contents(std::string_view path) const {
+    const std::lock_guard lock(mutex_);
+    return existing(path)->contents;
+}
+
+std::optional<FileError> FakeFileManager::refusal(const FileUrl& url, const char* operation) const {
+    for (const auto& place : unchangeable_) {
+        if (url.isWithin(place)) return failure(std::errc::permission_denied, url, operation);
+    }
+    return std::nullopt;
+}
+
+Result<FakeFileManager::Placement> FakeFileManager::placement(const FileUrl& from,
+                                                              const FileUrl& to,
+                                                              const char* operation) const {
+    if (auto refused = refusal(to, operation)) return *refused;
+    auto file = find(from.path());
+    std::string folderPath(to.parentPath());
+    auto folder = follow(folderPath);
+    if (file == nullptr || folder == nullptr)
+        return failure(std::errc::no_such_file_or_directory, from, operation);
+    if (!folder->holdsEntries()) return failure(std::errc::not_a_directory, to, operation);
+    if (folder->entries.contains(to.lastPathComponent()))
+        return failure(std::errc::file_exists, to, operation);
+    if (FileUrl(folderPath).isWithin(from))
+        return failure(std::errc::invalid_argument, to, operation);
+    return Placement{std::move(file), std::move(folder)};
+}
+
+Result<std::monostate> FakeFileManager::createFolder(const FileUrl& url, FolderAccess) {
+    announce(FakeOperation::Kind::createFolder, url);
+    const std::lock_guard lock(mutex_);
+    std::string path(url.path());
+    if (const auto there = follow(path)) {
+        if (there->holdsEntries()) return std::monostate{};
+        return failure(std::errc::file_exists, url, "create");
+    }
+    if (auto refused = refusal(url, "create")) return *refused;
+    makeFolders(url.path());
+    return std::monostate{};
+}
+
+Result<std::monostate> FakeFileManager::move(const FileUrl& from, const FileUrl& to) {
+    announce(FakeOperation::Kind::move, from);
+    const std::lock_guard lock(mutex_);
+    if (auto refused = refusal(from, "move")) return *refused;
+    auto placed = placement(from, to, "move");
+    if (!placed) return placed.error();
+    existing(from.parentPath())->entries.erase(std::string(from.lastPathComponent()));
+    placed.value().folder->entries.emplace(to.lastPathComponent(), placed.value().file);
+    return std::monostate{};
+}
+
+Result<std::monostate> FakeFileManager::copy(const FileUrl& from, const FileUrl& to) {
+    announce(FakeOperation::Kind::copy, from);
+    const std::lock_guard lock(mutex_);
+    auto placed = placement(from, to, "copy");
+    if (!placed) return placed.error();
+    if (!placed.value().file->readable) return failure(std::errc::permission_denied, from, "copy");
+    auto node = std::make_shared<Node>(*placed.value().file);
+    node->state.identity.inode = ++lastInode_;
+    node->state.linkCount = 1;
+    placed.value().folder->entries.emplace(to.lastPathComponent(), std::move(node));
+    return std::monostate{};
+}
+
+Result<std::optional<FileUrl>> FakeFileManager::trash(const FileUrl& url) {
+    announce(FakeOperation::Kind::trash, url);
+    const std::lock_guard lock(mutex_);
+    if (auto refused = refusal(url, "trash")) return *refused;
+    auto node = find(url.path());
+    if (node == nullptr) return failure(std::errc::no_such_file_or_directory, url, "trash");
+    const std::string name(url.lastPathComponent());
+    auto place = FileUrl("/Trash").append(name);
+    for (int number = 2; find(place.path()) != nullptr; ++number)
+        place = FileUrl("/Trash").append(name + " " + std::to_string(number));
+    existing(url.parentPath())->entries.erase(name);
+    put(place.path(), std::move(node));
+    return tellsTrashPlaces_ ? std::optional(place) : std::nullopt;
+}
+
+Result<std::monostate> FakeFileManager::replaceContents(const FileUrl& url,
+                                                        std::string_view contents) {
+    announce(FakeOperation::Kind::replaceContents, url);
+    const std::lock_guard lock(mutex_);
+    if (auto refused = refusal(url, "write")) return *refused;
+    std::string folder(url.parentPath());
+    if (follow(folder) == nullptr)
+        return failure(std::errc::no_such_file_or_directory, url, "write");
+    auto node = find(url.path());
+    if (node == nullptr) node = make(url.path());
+    if (node->attributes.type != FileType::regular && node->holdsEntries())
+        return failure(std::errc::is_a_directory, url, "write");
+    node->attributes.type = FileType::regular;
+    node->contents = contents;
+    node->state.size = static_cast<std::int64_t>(contents.size());
+    return std::monostate{};
+}
+
+void FakeFileManager::removeLeftovers() {
+    announce(FakeOperation::Kind::removeLeftovers, FileUrl("/"));
+}
+
+}  // namespace nookwise
