@@ -1,5 +1,6 @@
 #include "platform/linux/QtTasks.h"
 #include "platform/linux/SystemClock.h"
+#include "tests/platform_linux/Events.h"
 
 #include <QCoreApplication>
 #include <QElapsedTimer>
@@ -20,13 +21,6 @@ namespace nookwise {
 namespace {
 
 using namespace std::chrono_literals;
-
-/// Ends with the test's own time limit when the condition never comes true.
-template <typename Condition>
-void runEventsUntil(Condition isMet) {
-    while (!isMet())
-        QCoreApplication::processEvents(QEventLoop::AllEvents | QEventLoop::WaitForMoreEvents);
-}
 
 void runPendingEvents() {
     QCoreApplication::processEvents();

@@ -1,0 +1,98 @@
+#include "platform/linux/SingleInstance.h"
+#include "tests/platform_linux/Events.h"
+#include "tests/support/TemporaryFolder.h"
+
+#include <QLocalSocket>
+#include <filesystem>
+
+#include <gtest/gtest.h>
+#include <sys/wait.h>
+
+namespace nookwise {
+namespace {
+
+class SingleInstanceTest : public testing::Test {
+  protected:
+    SingleInstance::Places places() {
+        return SingleInstance::places(home_.url("own"), home_.path().native());
+    }
+
+    TemporaryFolder home_;
+};
+
+TEST_F(SingleInstanceTest, isTheFirstOne) {
+    EXPECT_TRUE(SingleInstance::claim(places()));
+    EXPECT_TRUE(std::filesystem::exists(home_.path("own")));
+}
+
+TEST_F(SingleInstanceTest, turnsTheSecondOneAwayAndIsAskedToShowItself) {
+    const auto first = SingleInstance::claim(places());
+    int shown = 0;
+    first->onShow([&] { ++shown; });
+    EXPECT_FALSE(SingleInstance::claim(places()));
+    runEventsUntil([&] { return shown == 1; });
+    EXPECT_FALSE(SingleInstance::claim(places()));
+    runEventsUntil([&] { return shown == 2; });
+}
+
+TEST_F(SingleInstanceTest, takesOverTheActivationTokenOfTheSecondOne) {
+    const auto first = SingleInstance::claim(places());
+    bool isShown = false;
+    first->onShow([&] { isShown = true; });
+    qputenv("XDG_ACTIVATION_TOKEN", "token-7");
+    EXPECT_FALSE(SingleInstance::claim(places()));
+    qunsetenv("XDG_ACTIVATION_TOKEN");
+    runEventsUntil([&] { return isShown; });
+    EXPECT_EQ(qgetenv("XDG_ACTIVATION_TOKEN"), "token-7");
+    qunsetenv("XDG_ACTIVATION_TOKEN");
+}
+
+TEST_F(SingleInstanceTest, makesRoomWhenItEnds) {
+    SingleInstance::claim(places()).reset();
+    EXPECT_TRUE(SingleInstance::claim(places()));
+}
+
+TEST_F(SingleInstanceTest, takesTheSocketOfOneThatWasKilled) {
+    home_.write(std::filesystem::path(places().socket.path()).filename().native(), "left over");
+    const auto first = SingleInstance::claim(places());
+    bool isShown = false;
+    first->onShow([&] { isShown = true; });
+    EXPECT_FALSE(SingleInstance::claim(places()));
+    runEventsUntil([&] { return isShown; });
+}
+
+TEST_F(SingleInstanceTest, isAloneOverItsOwnFilesOnly) {
+    const auto first = SingleInstance::claim(places());
+    const auto other =
+        SingleInstance::claim(SingleInstance::places(home_.url("other"), home_.path().native()));
+    EXPECT_TRUE(other);
+    EXPECT_NE(places().socket,
+              SingleInstance::places(home_.url("other"), home_.path().native()).socket);
+}
+
+TEST_F(SingleInstanceTest, listensInItsOwnFolderWhereThereIsNoRuntimeFolder) {
+    EXPECT_EQ(SingleInstance::places(FileUrl("/own"), "").socket, FileUrl("/own/instance.socket"));
+    EXPECT_EQ(SingleInstance::places(FileUrl("/own"), "relative").socket,
+              FileUrl("/own/instance.socket"));
+}
+
+TEST_F(SingleInstanceTest, isTheOnlyOneWhereNothingCanBeWritten) {
+    home_.write("own", "a file where the folder would be");
+    EXPECT_TRUE(SingleInstance::claim(places()));
+    EXPECT_TRUE(SingleInstance::claim(places()));
+}
+
+TEST_F(SingleInstanceTest, hangsUpOnWhoeverTalksTooMuch) {
+    const auto first = SingleInstance::claim(places());
+    bool isShown = false;
+    first->onShow([&] { isShown = true; });
+    QLocalSocket stranger;
+    stranger.connectToServer(QString::fromStdString(std::string(places().socket.path())));
+    ASSERT_TRUE(stranger.waitForConnected());
+    stranger.write(QByteArray(100'000, 'x'));
+    runEventsUntil([&] { return stranger.state() == QLocalSocket::UnconnectedState; });
+    EXPECT_FALSE(isShown);
+}
+
+}  // namespace
+}  // namespace nookwise
