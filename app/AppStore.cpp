@@ -30,17 +30,26 @@ std::vector<AppInfo> installedApps(const Platform& platform, const std::stop_tok
 
 std::shared_ptr<AppStore> AppStore::create(const Platform& platform) {
     std::shared_ptr<AppStore> store(new AppStore(platform));
+    store->activity.set(store->activityStore_.load());
     store->refreshDisk();
     store->loadApps();
+    store->removeLeftovers();
     store->scheduleDiskRefresh();
     return store;
 }
 
-AppStore::AppStore(const Platform& platform) : platform_(platform) {}
+AppStore::AppStore(const Platform& platform)
+    : platform_(platform), activityStore_(platform.files, platform.folders.applicationSupport()) {}
 
 AppStore::~AppStore() {
     scanStop_.request_stop();
     appsStop_.request_stop();
+    transferStop_.request_stop();
+}
+
+void AppStore::removeLeftovers() {
+    platform_.tasks.detach(TaskPriority::utility,
+                           [&files = platform_.files] { files.removeLeftovers(); });
 }
 
 void AppStore::loadApps() {

@@ -3,8 +3,14 @@
 
 #include "app/AppSection.h"
 #include "app/Library.h"
+#include "app/LongCall.h"
 #include "app/Observable.h"
 #include "app/Platform.h"
+#include "app/Results.h"
+#include "app/Toast.h"
+#include "app/TrashRequest.h"
+#include "fileops/ActivityStore.h"
+#include "fileops/FileOps.h"
 #include "model/AppInfo.h"
 #include "model/Scan.h"
 #include "platform/Tasks.h"
@@ -44,8 +50,14 @@ class AppStore : public std::enable_shared_from_this<AppStore> {
         std::int64_t bytes;
     };
 
-    /// Reads the disk figures, starts loading the applications and begins to refresh the figures
-    /// every 120 seconds for as long as the store lives. Does not scan.
+    using Busy = nookwise::Busy;
+
+    /// Whether files from the same source are confirmed the next time.
+    enum class NextTime { ask, goAhead };
+
+    /// Reads the activity log and the disk figures, clears up after earlier runs, starts loading
+    /// the applications and begins to refresh the figures every 120 seconds for as long as the
+    /// store lives. Does not scan.
     static std::shared_ptr<AppStore> create(const Platform& platform);
     ~AppStore();
 
@@ -60,9 +72,25 @@ class AppStore : public std::enable_shared_from_this<AppStore> {
     Observable<std::vector<DuplicateGroup>> duplicates;
     Observable<PileKind> selectedPile{PileKind::installers};
     Observable<std::unordered_set<FileUrl>> checked;
+    /// What was read inside files; the same in lower case; where files came from.
+    Observable<TextsByUrl> texts;
+    Observable<TextsByUrl> lowerTexts;
+    Observable<TextsByUrl> sources;
+    /// Newest first.
+    Observable<std::vector<ActivityEntry>> activity;
+    Observable<std::optional<Toast>> toast;
+    /// Waits for the user's confirmation.
+    Observable<std::optional<TrashRequest>> pendingTrash;
     Observable<std::optional<JustCleared>> justCleared;
+    /// Present only inside a call that takes long. Whoever observes it may repaint the window, and
+    /// must change nothing.
+    Observable<std::optional<Busy>> busy;
     Observable<std::int64_t> freeBytes{0};
     Observable<std::int64_t> totalBytes{0};
+    /// Raised by one after each put back and each finished move, copy and rename.
+    Observable<std::int64_t> fileOpsVersion{0};
+    /// Whether a move or copy is running.
+    Observable<bool> transferring{false};
     Observable<std::vector<FileItem>> recent;
     Observable<std::vector<FileItem>> justLanded;
     Observable<std::vector<FileItem>> screenshots;
@@ -92,21 +120,77 @@ class AppStore : public std::enable_shared_from_this<AppStore> {
     /// The ticked items of the shown pile, in its order.
     std::vector<SweepItem> checkedItems() const;
 
+    // The copies (AppStoreSweep.cpp).
+    /// Keeps the copy at `url` in the group of that id. Of several groups of one id it is the group
+    /// that holds the copy, else the first.
+    void setKeep(std::string_view groupID, const FileUrl& url);
+    /// Asks to trash all copies but the kept ones.
+    void trashDuplicates(const std::vector<DuplicateGroup>& groups);
+
+    // The way to the Trash (AppStoreTrash.cpp).
+    /// Asks for confirmation, unless the user wants none for this source. `pile` is where the files
+    /// come from, if anywhere; `source` is the name of the place that asks.
+    void requestTrash(std::vector<FileItem> files, std::optional<PileKind> pile,
+                      std::string_view source);
+    void confirm(TrashRequest request, NextTime nextTime);
+    void dismissTrash();
+    /// Confirms every source again.
+    void askBeforeEveryTrash();
+
+    // Toasts (AppStoreToast.cpp).
+    void closeToast();
+    /// Puts back the newest entry. The toast goes first, so that the outcome's own toast is seen.
+    void undoFromToast();
+
+    // The activity log (AppStoreActivity.cpp).
+    void putBack(const Uuid& entryID);
+    /// Puts back the newest entry, if it has not been put back yet; never an older one.
+    void undoLast();
+    void showInTrash(const std::optional<Uuid>& entryID);
+    /// Bytes trashed in the last 7 days, and in this calendar month, and not put back.
+    std::int64_t freedThisWeek() const;
+    std::int64_t freedThisMonth() const;
+
+    // Move and copy (AppStoreTransfer.cpp).
+    /// In the background. Does nothing while another one runs.
+    void transfer(std::vector<FileUrl> urls, const FileUrl& folder, TransferKind kind);
+
   private:
+    enum class ToastLife { passing, sticky };
+
     explicit AppStore(const Platform& platform);
 
+    void removeLeftovers();
     void loadApps();
     void scheduleDiskRefresh();
     void absorb(ScanResult&& result);
+    void restartScan();
     void rebuildLibrary();
+    void perform(const TrashRequest& request);
+    void showToast(std::string message, std::optional<Uuid> entryID, ToastLife life);
+    void record(ActivityEntry entry);
+    void removeFromResults(const UrlSet& urls);
+    void relocate(const Relocation& moved);
+    std::size_t putBackFiles(const ActivityEntry& entry);
+    void putBackTrashed(const ActivityEntry& entry);
+    void removeCopies(const ActivityEntry& entry);
+    void putBackMoved(const ActivityEntry& entry);
+    TrashService::Trashed trashFiles(const std::vector<FileItem>& items);
+    void noteCleared(PileKind pile, std::int64_t bytes);
+    void finishTransfer(std::vector<ActivityEntry::Move> moves, const FileUrl& folder,
+                        TransferKind kind, std::size_t asked);
     void selectPileWithItems();
     bool hasItems(PileKind pile) const;
 
     Platform platform_;
+    ActivityStore activityStore_;
     std::int64_t scanGeneration_ = 0;
+    std::optional<ScanKind> runningScan_;
     std::stop_source scanStop_{std::nostopstate};
     std::stop_source appsStop_{std::nostopstate};
+    std::stop_source transferStop_;
     std::unique_ptr<Tasks::Delay> nextDiskRefresh_;
+    std::unique_ptr<Tasks::Delay> toastTimer_;
 };
 
 }  // namespace nookwise

@@ -11,6 +11,7 @@ void AppStore::scan(ScanKind kind) {
     scanStop_.request_stop();
     scanStop_ = std::stop_source();
     const auto generation = ++scanGeneration_;
+    runningScan_ = kind;
     if (kind == ScanKind::visible) {
         phase.set(Phase::scanning);
         progress.set({.folder = {}, .filesSeen = 0, .fraction = 0.0, .step = "Starting"});
@@ -42,7 +43,13 @@ void AppStore::scan(ScanKind kind) {
         });
 }
 
+void AppStore::restartScan() {
+    // It may have read what has changed since.
+    if (runningScan_) scan(*runningScan_);
+}
+
 void AppStore::absorb(ScanResult&& result) {
+    runningScan_.reset();
     piles.set(std::move(result.piles));
     duplicates.set(std::move(result.duplicates));
     files.set(std::move(result.files));

@@ -54,4 +54,27 @@ std::vector<SweepItem> AppStore::checkedItems() const {
     return items;
 }
 
+void AppStore::setKeep(std::string_view groupID, const FileUrl& url) {
+    duplicates.mutate([&](std::vector<DuplicateGroup>& groups) {
+        const auto hasId = [&](const DuplicateGroup& group) { return group.id == groupID; };
+        // Two groups may have one id. The other one would offer all of its copies for removal.
+        auto group = std::ranges::find_if(groups, [&](const DuplicateGroup& candidate) {
+            return hasId(candidate) &&
+                   std::ranges::find(candidate.files, url, &FileItem::url) != candidate.files.end();
+        });
+        if (group == groups.end()) group = std::ranges::find_if(groups, hasId);
+        if (group == groups.end() || group->keep == url) return false;
+        group->keep = url;
+        return true;
+    });
+}
+
+void AppStore::trashDuplicates(const std::vector<DuplicateGroup>& groups) {
+    std::vector<FileItem> extras;
+    for (const auto& group : groups) {
+        for (auto& extra : group.extras()) extras.push_back(std::move(extra));
+    }
+    requestTrash(std::move(extras), PileKind::duplicates, title(PileKind::duplicates));
+}
+
 }  // namespace nookwise

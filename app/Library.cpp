@@ -1,48 +1,18 @@
 #include "app/Library.h"
 
+#include "app/NewestFirst.h"
 #include "model/ImageExtensions.h"
 #include "model/ScreenshotName.h"
 #include "model/SortOrder.h"
 #include "platform/Text.h"
 
-#include <algorithm>
-#include <cstdint>
-#include <string_view>
+#include <array>
 #include <utility>
 
 namespace nookwise {
 namespace {
 
 constexpr Seconds recentAge{604'800};  // 7 days
-
-/// A list in the making. Small entries are sorted instead of whole records, because the lists are
-/// rebuilt on the UI thread after every action.
-class NewestFirst {
-  public:
-    void add(Date date, std::size_t position) {
-        entries_.push_back({date, static_cast<std::uint32_t>(position)});
-    }
-
-    bool isEmpty() const { return entries_.empty(); }
-
-    std::vector<FileItem> list(std::span<const FileItem> files) && {
-        std::sort(entries_.begin(), entries_.end(), [](const Entry& a, const Entry& b) {
-            return a.date != b.date ? a.date > b.date : a.position < b.position;
-        });
-        std::vector<FileItem> sorted;
-        sorted.reserve(entries_.size());
-        for (const auto& entry : entries_) sorted.push_back(files[entry.position]);
-        return sorted;
-    }
-
-  private:
-    struct Entry {
-        Date date;
-        /// Among the files; makes the sort stable.
-        std::uint32_t position;
-    };
-    std::vector<Entry> entries_;
-};
 
 }  // namespace
 
@@ -56,14 +26,15 @@ Library buildLibrary(std::span<const FileItem> files, const FileUrl& downloads,
     for (std::size_t i = 0; i < files.size(); ++i) {
         const auto& file = files[i];
         const auto arrival = arrivalDate(file);
-        const auto extension = lowercased(file.url.pathExtension());
+        const auto name = file.url.lastPathComponent();
+        const auto extension = lowercased(extensionOf(name));
         if (const auto kind = shelfOf(extension)) {
             shelves[static_cast<std::size_t>(*kind)].add(listedDate(file), i);
         }
         if (arrival > cutOff) recent.add(arrival, i);
         const auto parent = file.url.parentPath();
         if (parent == downloads.path() || parent == desktop.path()) justLanded.add(arrival, i);
-        if (isImageExtension(extension) && looksLikeScreenshot(file.url.lastPathComponent())) {
+        if (isImageExtension(extension) && looksLikeScreenshot(name)) {
             screenshots.add(arrival, i);
         }
     }

@@ -7,15 +7,17 @@ class Clock;
 class FileManager;
 class Metadata;
 class Tasks;
+class UserDefaults;
 class UserFolders;
 class Workspace;
 
 /// References only; everything must outlive whoever holds this, background work included.
 struct Platform {
-    const FileManager& files;
+    FileManager& files;
     const Metadata& metadata;
     const UserFolders& folders;
-    const Workspace& workspace;
+    Workspace& workspace;
+    UserDefaults& defaults;
     const Clock& clock;
     Tasks& tasks;
 };

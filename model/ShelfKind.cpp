@@ -1,5 +1,7 @@
 #include "model/ShelfKind.h"
 
+#include <cstdint>
+#include <cstring>
 #include <unordered_map>
 
 namespace nookwise {
@@ -16,10 +18,18 @@ constexpr std::array<std::string_view, 15> docs{"pdf", "doc",  "docx", "pages", 
 constexpr std::array<std::string_view, 10> bundles{"zip", "rar", "7z",  "xip", "tar",
                                                    "gz",  "tgz", "dmg", "pkg", "iso"};
 
-std::unordered_map<std::string_view, ShelfKind> shelvesByExtension() {
-    std::unordered_map<std::string_view, ShelfKind> shelves;
+/// A short text as a number, which is quicker to look up: each file of a large home is asked about
+/// after each action. 0 for a text that is too long.
+std::uint64_t packed(std::string_view text) {
+    std::uint64_t number = 0;
+    if (text.size() < sizeof number) std::memcpy(&number, text.data(), text.size());
+    return number;
+}
+
+std::unordered_map<std::uint64_t, ShelfKind> shelvesByExtension() {
+    std::unordered_map<std::uint64_t, ShelfKind> shelves;
     for (const auto kind : allShelfKinds) {
-        for (const auto extension : exts(kind)) shelves.emplace(extension, kind);
+        for (const auto extension : exts(kind)) shelves.emplace(packed(extension), kind);
     }
     return shelves;
 }
@@ -50,7 +60,7 @@ std::span<const std::string_view> exts(ShelfKind kind) {
 
 std::optional<ShelfKind> shelfOf(std::string_view extension) {
     static const auto shelves = shelvesByExtension();
-    const auto found = shelves.find(extension);
+    const auto found = shelves.find(packed(extension));
     return found == shelves.end() ? std::nullopt : std::optional(found->second);
 }
 

@@ -32,10 +32,49 @@ TEST_F(Launch, beginsWithEmptyFields) {
     EXPECT_TRUE(store->duplicates.get().empty());
     EXPECT_EQ(store->selectedPile.get(), PileKind::installers);
     EXPECT_TRUE(store->checked.get().empty());
+    EXPECT_TRUE(store->texts.get().empty());
+    EXPECT_TRUE(store->lowerTexts.get().empty());
+    EXPECT_TRUE(store->sources.get().empty());
+    EXPECT_TRUE(store->activity.get().empty()) << "there is no log yet, and no message about it";
+    EXPECT_FALSE(store->toast.get().has_value());
+    EXPECT_FALSE(store->pendingTrash.get().has_value());
+    EXPECT_FALSE(store->busy.get().has_value());
+    EXPECT_EQ(store->fileOpsVersion.get(), 0);
+    EXPECT_FALSE(store->transferring.get());
     EXPECT_FALSE(store->justCleared.get().has_value());
     EXPECT_TRUE(store->recent.get().empty());
     EXPECT_TRUE(store->justLanded.get().empty());
     EXPECT_TRUE(store->screenshots.get().empty());
+}
+
+TEST_F(Launch, readsTheActivityLogAtOnce) {
+    world.files.addFile(
+        "/home/user/.local/share/Nookwise/activity.json",
+        {.contents = R"([{"id":"5F1B9A52-6C0E-4C9B-9D5C-2B1D7A3E4F60",)"
+                     R"("date":"2023-11-01T09:30:00Z","title":"Swept 1 downloads",)"
+                     R"("source":"Forgotten downloads","moves":[],"restored":false}])"});
+    const auto store = AppStore::create(world.platform());
+    ASSERT_EQ(store->activity.get().size(), 1u);
+    EXPECT_EQ(store->activity.get().front().title, "Swept 1 downloads");
+}
+
+TEST_F(Launch, keepsABrokenActivityLogAsItIsUntilTheNextSave) {
+    constexpr auto log = "/home/user/.local/share/Nookwise/activity.json";
+    world.files.addFile(log, {.contents = "[{"});
+    const auto store = launch();
+    EXPECT_TRUE(store->activity.get().empty());
+    EXPECT_EQ(world.files.contents(log), "[{");
+}
+
+TEST_F(Launch, clearsUpAfterEarlierRunsInTheBackground) {
+    int cleanings = 0;
+    world.files.onOperation([&](const FakeOperation& operation) {
+        cleanings += operation.kind == FakeOperation::Kind::removeLeftovers ? 1 : 0;
+    });
+    const auto store = AppStore::create(world.platform());
+    EXPECT_EQ(cleanings, 0);
+    world.tasks.runEverything();
+    EXPECT_EQ(cleanings, 1);
 }
 
 TEST_F(Launch, readsTheDiskFiguresOfTheStartUpVolumeAtOnce) {
@@ -53,7 +92,7 @@ TEST_F(Launch, loadsTheApplicationsInTheBackground) {
     world.files.addFile("/Applications/readme.txt");
     world.metadata.setLastUsed("/Applications/Blue Kite.app", ago(day));
     const auto store = AppStore::create(world.platform());
-    EXPECT_EQ(world.tasks.detachedPriorities(), (std::vector{TaskPriority::utility}));
+    EXPECT_EQ(world.tasks.detachedPriorities().front(), TaskPriority::utility);
     ASSERT_TRUE(world.tasks.runBackgroundTask());
     EXPECT_TRUE(store->apps.get().empty()) << "written before the UI thread's turn";
     world.tasks.runUiTasks();

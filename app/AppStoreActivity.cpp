@@ -1,0 +1,123 @@
+#include "app/AppStore.h"
+#include "model/Counted.h"
+#include "platform/Calendar.h"
+#include "platform/Clock.h"
+#include "platform/Workspace.h"
+
+#include <algorithm>
+#include <cstdio>
+#include <cstdlib>
+#include <utility>
+
+namespace nookwise {
+namespace {
+
+constexpr Seconds week{604'800};
+
+/// From where an entry's files are to where they were.
+Relocation wayBack(const ActivityEntry& entry) {
+    Relocation moved;
+    for (const auto& move : entry.moves) {
+        if (moved.emplace(move.inTrash, move.original).second) continue;
+        // No operation puts two files in one place.
+        std::fputs("nookwise: an activity entry names one place twice\n", stderr);
+        std::abort();
+    }
+    return moved;
+}
+
+}  // namespace
+
+void AppStore::record(ActivityEntry entry) {
+    activity.mutate([&](std::vector<ActivityEntry>& entries) {
+        entries.insert(entries.begin(), std::move(entry));
+        return true;
+    });
+    activityStore_.save(activity.get());
+}
+
+void AppStore::putBack(const Uuid& entryID) {
+    const auto& entries = activity.get();
+    const auto found = std::ranges::find(entries, entryID, &ActivityEntry::id);
+    if (found == entries.end() || found->restored) return;
+    const auto position = found - entries.begin();
+    // First of all and whatever comes of it: an entry is put back once.
+    activity.mutate([&](std::vector<ActivityEntry>& all) {
+        return all[static_cast<std::size_t>(position)].restored = true;
+    });
+    activityStore_.save(activity.get());
+    // A copy, because observers of what follows may change the list.
+    const ActivityEntry entry = activity.get()[static_cast<std::size_t>(position)];
+    switch (entry.effectiveKind()) {
+        case ActivityEntry::Kind::trash:
+            putBackTrashed(entry);
+            break;
+        case ActivityEntry::Kind::copy:
+            removeCopies(entry);
+            break;
+        case ActivityEntry::Kind::move:
+        case ActivityEntry::Kind::rename:
+            putBackMoved(entry);
+            break;
+    }
+    fileOpsVersion.set(fileOpsVersion.get() + 1);
+}
+
+std::size_t AppStore::putBackFiles(const ActivityEntry& entry) {
+    LongCall call(busy, platform_.clock, entry.moves.size());
+    return TrashService::putBack(platform_.files, entry.moves,
+                                 [&](std::size_t done) { call.report(done); });
+}
+
+void AppStore::putBackTrashed(const ActivityEntry& entry) {
+    const auto count = putBackFiles(entry);
+    justCleared.set(std::nullopt);
+    refreshDisk();
+    showToast("Put back " + countedFiles(count), std::nullopt, ToastLife::passing);
+    // What came back belongs in the piles and the library again.
+    scan(ScanKind::quiet);
+}
+
+void AppStore::removeCopies(const ActivityEntry& entry) {
+    std::vector<FileItem> copies;
+    copies.reserve(entry.moves.size());
+    for (const auto& move : entry.moves) copies.push_back({.url = move.inTrash, .size = move.size});
+    (void)trashFiles(copies);
+    showToast("Removed " + counted(copies.size(), "copy", "copies"), std::nullopt,
+              ToastLife::passing);
+}
+
+void AppStore::putBackMoved(const ActivityEntry& entry) {
+    const auto count = putBackFiles(entry);
+    relocate(wayBack(entry));
+    const bool isRename = entry.effectiveKind() == ActivityEntry::Kind::rename;
+    showToast(isRename ? "Old names are back" : "Moved " + countedFiles(count) + " back",
+              std::nullopt, ToastLife::passing);
+}
+
+void AppStore::undoLast() {
+    const auto& entries = activity.get();
+    if (entries.empty() || entries.front().restored) return;
+    putBack(Uuid(entries.front().id));
+}
+
+void AppStore::showInTrash(const std::optional<Uuid>& entryID) {
+    if (!entryID) return;
+    const auto& entries = activity.get();
+    const auto entry = std::ranges::find(entries, *entryID, &ActivityEntry::id);
+    if (entry == entries.end()) return;
+    std::vector<FileUrl> places;
+    places.reserve(entry->moves.size());
+    for (const auto& move : entry->moves) places.push_back(move.inTrash);
+    platform_.workspace.reveal(places);
+}
+
+std::int64_t AppStore::freedThisWeek() const {
+    return freedSince(activity.get(), platform_.clock.now() - week);
+}
+
+std::int64_t AppStore::freedThisMonth() const {
+    return freedSince(activity.get(), startOfMonth(platform_.clock.now()));
+}
+
+}  // namespace nookwise

@@ -1,0 +1,23 @@
+#include "app/LongCall.h"
+
+namespace nookwise {
+namespace {
+
+/// A window that stands still for no longer is not felt to hang.
+constexpr Seconds patience{0.1};
+/// Painting takes time from the work.
+constexpr Seconds interval{0.05};
+
+}  // namespace
+
+LongCall::LongCall(Observable<std::optional<Busy>>& busy, const Clock& clock, std::size_t total)
+    : busy_(busy), clock_(clock), total_(total), next_(clock.now() + patience) {}
+
+void LongCall::report(std::size_t done) {
+    if (clock_.now() < next_) return;
+    busy_.set(Busy{done, total_});
+    // Counted from the end of the painting.
+    next_ = clock_.now() + interval;
+}
+
+}  // namespace nookwise

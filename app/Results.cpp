@@ -1,0 +1,104 @@
+#include "app/Results.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace nookwise {
+namespace {
+
+bool moveTo(FileUrl& url, const Relocation& moved) {
+    const auto found = moved.find(url);
+    if (found == moved.end() || found->second == url) return false;
+    url = found->second;
+    return true;
+}
+
+bool removeFromGroup(DuplicateGroup& group, const UrlSet& gone) {
+    const bool changed = removeFrom(group.files, gone);
+    if (group.keptFile() != nullptr || group.files.empty()) return changed;
+    group.keep = group.files.front().url;
+    return true;
+}
+
+bool relocateGroup(DuplicateGroup& group, const Relocation& moved) {
+    bool changed = relocate(group.files, moved);
+    changed |= moveTo(group.keep, moved);
+    return changed;
+}
+
+}  // namespace
+
+bool removeFrom(std::vector<FileItem>& files, const UrlSet& gone) {
+    return std::erase_if(files, [&](const FileItem& file) { return gone.contains(file.url); }) > 0;
+}
+
+bool removeFrom(Piles& piles, const UrlSet& gone) {
+    bool changed = false;
+    for (auto& [kind, items] : piles) {
+        changed |= std::erase_if(items, [&](const SweepItem& item) {
+                       return gone.contains(item.file.url);
+                   }) > 0;
+    }
+    return changed;
+}
+
+bool removeFrom(UrlSet& ticked, const UrlSet& gone) {
+    bool changed = false;
+    for (const auto& url : gone) changed |= ticked.erase(url) > 0;
+    return changed;
+}
+
+bool removeFrom(TextsByUrl& texts, const UrlSet& gone) {
+    bool changed = false;
+    for (const auto& url : gone) changed |= texts.erase(url) > 0;
+    return changed;
+}
+
+bool removeFrom(std::vector<DuplicateGroup>& groups, const UrlSet& gone) {
+    bool changed = false;
+    for (auto& group : groups) changed |= removeFromGroup(group, gone);
+    const auto isNoGroup = [](const DuplicateGroup& group) { return group.files.size() < 2; };
+    return std::erase_if(groups, isNoGroup) > 0 || changed;
+}
+
+bool relocate(std::vector<FileItem>& files, const Relocation& moved) {
+    bool changed = false;
+    for (auto& file : files) changed |= moveTo(file.url, moved);
+    return changed;
+}
+
+bool relocate(Piles& piles, const Relocation& moved) {
+    bool changed = false;
+    for (auto& [kind, items] : piles) {
+        for (auto& item : items) changed |= moveTo(item.file.url, moved);
+    }
+    return changed;
+}
+
+bool relocate(UrlSet& ticked, const Relocation& moved) {
+    // All old places first: one file's old place may be another's new one.
+    std::vector<FileUrl> places;
+    for (const auto& [from, to] : moved) {
+        if (from != to && ticked.erase(from) > 0) places.push_back(to);
+    }
+    ticked.insert(places.begin(), places.end());
+    return !places.empty();
+}
+
+bool relocate(TextsByUrl& texts, const Relocation& moved) {
+    std::vector<std::pair<FileUrl, SharedBytes>> relocated;
+    for (const auto& [from, to] : moved) {
+        if (from == to) continue;
+        if (auto text = texts.extract(from)) relocated.emplace_back(to, std::move(text.mapped()));
+    }
+    for (auto& [url, text] : relocated) texts.insert_or_assign(url, std::move(text));
+    return !relocated.empty();
+}
+
+bool relocate(std::vector<DuplicateGroup>& groups, const Relocation& moved) {
+    bool changed = false;
+    for (auto& group : groups) changed |= relocateGroup(group, moved);
+    return changed;
+}
+
+}  // namespace nookwise
