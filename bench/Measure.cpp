@@ -16,9 +16,10 @@
 namespace nookwise::bench {
 namespace {
 
-double secondsFor(const std::function<void()>& run) {
+double secondsFor(const Contestant& contestant) {
+    contestant.prepare();
     const auto start = std::chrono::steady_clock::now();
-    run();
+    contestant.run();
     return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
 }
 
@@ -44,10 +45,10 @@ int waitFor(pid_t child, rusage* usage) {
 
 std::vector<double> medians(const std::vector<Contestant>& contestants, int rounds) {
     std::vector<std::vector<double>> times(contestants.size());
-    for (const auto& contestant : contestants) contestant.run();
+    for (const auto& contestant : contestants) secondsFor(contestant);
     for (int round = 0; round < rounds; ++round) {
         for (std::size_t i = 0; i < contestants.size(); ++i)
-            times[i].push_back(secondsFor(contestants[i].run));
+            times[i].push_back(secondsFor(contestants[i]));
     }
     std::vector<double> result;
     for (const auto& each : times) result.push_back(median(each));

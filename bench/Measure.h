@@ -11,6 +11,8 @@ namespace nookwise::bench {
 struct Contestant {
     std::string name;
     std::function<void()> run;
+    /// What must be there before each run; not measured.
+    std::function<void()> prepare = [] {};
 };
 
 /// The median wall time of each contestant in seconds, over `rounds` rounds in which each has its

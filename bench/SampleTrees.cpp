@@ -141,11 +141,17 @@ std::string extensionFor(std::int64_t size, Random& random) {
     return std::string(small[below(random, small.size())]);
 }
 
+fs::path chosenParent() {
+    const char* const chosen = std::getenv("NOOKWISE_BENCH_DIR");
+    return chosen == nullptr ? "/var/tmp" : chosen;
+}
+
 }  // namespace
 
-WorkFolder::WorkFolder() {
-    const char* const chosen = std::getenv("NOOKWISE_BENCH_DIR");
-    auto pattern = std::string(chosen == nullptr ? "/var/tmp" : chosen) + "/nookwise-bench-XXXXXX";
+WorkFolder::WorkFolder() : WorkFolder(chosenParent()) {}
+
+WorkFolder::WorkFolder(const fs::path& parent) {
+    auto pattern = (parent / "nookwise-bench-XXXXXX").string();
     if (::mkdtemp(pattern.data()) == nullptr) throw std::runtime_error("cannot make " + pattern);
     path_ = pattern;
 }

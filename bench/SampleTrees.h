@@ -8,11 +8,12 @@
 
 namespace nookwise::bench {
 
-/// A folder that is removed at the end. Below $NOOKWISE_BENCH_DIR or, without it, /var/tmp: a real
-/// disk.
+/// A folder that is removed at the end.
 class WorkFolder {
   public:
+    /// Below $NOOKWISE_BENCH_DIR or, without it, /var/tmp: a real disk.
     WorkFolder();
+    explicit WorkFolder(const std::filesystem::path& parent);
     ~WorkFolder();
     WorkFolder(const WorkFolder&) = delete;
     WorkFolder& operator=(const WorkFolder&) = delete;
