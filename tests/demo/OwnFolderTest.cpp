@@ -113,6 +113,13 @@ TEST_F(OwnFolderOnDisk, aMarkWithOtherWordsIsNone) {
     expectRefusal();
 }
 
+TEST_F(OwnFolderOnDisk, anEarlierDemosMarkIsOne) {
+    makeAnewOnce();
+    root.write(
+        mark, "nookwise-demo made this folder. It replaces the sample home in it at each start.\n");
+    EXPECT_TRUE(claim());
+}
+
 TEST_F(OwnFolderOnDisk, aPipeForAMarkIsRefusedAtOnce) {
     root.makeFolder("cache");
     root.makePipe(mark);

@@ -39,7 +39,7 @@ class ScannedSample {
         auto made = makeSampleHome(folder_.url(), now);
         if (!made) throw std::runtime_error(std::string(made.error().url.path()));
         agreed_ = std::move(made.value());
-        const LinuxFileManager linuxFiles;
+        LinuxFileManager linuxFiles;
         const LinuxMetadata linuxMetadata({.home = folder_.url(),
                                            .configHome = folder_.url(".config"),
                                            .dataHome = folder_.url(".local/share")});

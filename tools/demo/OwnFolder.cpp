@@ -1,5 +1,6 @@
 #include "tools/demo/OwnFolder.h"
 
+#include <algorithm>
 #include <array>
 #include <cerrno>
 #include <filesystem>
@@ -16,6 +17,9 @@ namespace {
 
 constexpr auto markName = ".made-by-nookwise-demo";
 constexpr std::string_view markText =
+    "nookwise-demo made this folder. Without it, the next start makes a fresh sample home.\n";
+/// That of demos which made their home anew at each start.
+constexpr std::string_view earlierMarkText =
     "nookwise-demo made this folder. It replaces the sample home in it at each start.\n";
 
 FileError lastError(const FileUrl& url, std::string operation) {
@@ -26,9 +30,11 @@ bool isOurMark(int mark) {
     struct stat status {};
     if (fstat(mark, &status) != 0 || !S_ISREG(status.st_mode) || status.st_uid != geteuid())
         return false;
-    std::array<char, markText.size() + 1> text{};
-    const auto count = pread(mark, text.data(), text.size(), 0);
-    return count >= 0 && std::string_view(text.data(), static_cast<std::size_t>(count)) == markText;
+    std::array<char, std::max(markText.size(), earlierMarkText.size()) + 1> buffer{};
+    const auto count = pread(mark, buffer.data(), buffer.size(), 0);
+    if (count < 0) return false;
+    const std::string_view text(buffer.data(), static_cast<std::size_t>(count));
+    return text == markText || text == earlierMarkText;
 }
 
 /// The mark of an existing folder, open; none (-1) where it is not ours.

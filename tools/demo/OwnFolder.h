@@ -19,6 +19,8 @@ class OwnFolder {
     OwnFolder& operator=(OwnFolder&&) = delete;
     ~OwnFolder();
 
+    const FileUrl& url() const { return folder_; }
+
     /// Removes what has this name in it, with all that is inside. A link is removed, never what it
     /// leads to.
     Result<std::monostate> remove(std::string_view name) const;

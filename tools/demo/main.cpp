@@ -8,6 +8,7 @@
 #include "platform/linux/SystemClock.h"
 #include "tools/demo/DatedFileManager.h"
 #include "tools/demo/DatedMetadata.h"
+#include "tools/demo/KeptHome.h"
 #include "tools/demo/OwnFolder.h"
 #include "tools/demo/SampleFolders.h"
 #include "tools/demo/SampleHome.h"
@@ -17,6 +18,7 @@
 #include <QStandardPaths>
 #include <cstdio>
 #include <cstdlib>
+#include <string>
 
 namespace nookwise::demo {
 namespace {
@@ -42,30 +44,33 @@ BaseFolders baseFoldersIn(const FileUrl& home) {
     return base;
 }
 
-int runOn(Application& application, const FileUrl& home) {
-    const SystemClock clock;
-    const auto agreed = makeSampleHome(home, clock.now());
-    if (!agreed) return report(agreed.error());
-    const auto base = baseFoldersIn(home);
-    const LinuxFileManager linuxFiles;
-    const DatedFileManager files(linuxFiles, agreed.value());
+int runOn(Application& application, const KeptHome& kept, const Clock& clock) {
+    const auto base = baseFoldersIn(kept.home);
+    LinuxFileManager linuxFiles(base.dataHome);
+    DatedFileManager files(linuxFiles, kept.agreed);
     const LinuxMetadata linuxMetadata(base);
-    const DatedMetadata metadata(linuxMetadata, agreed.value());
-    const SampleFolders folders(home);
-    const LinuxWorkspace workspace(desktopEntryFolders(base));
+    const DatedMetadata metadata(linuxMetadata, kept.agreed);
+    const SampleFolders folders(kept.home);
+    LinuxWorkspace workspace(desktopEntryFolders(base));
     IniUserDefaults defaults(userDefaultsFile(base));
     QtTasks tasks;
-    return application.run({files, metadata, folders, workspace, clock, tasks}, defaults);
+    return application.run({files, metadata, folders, workspace, defaults, clock, tasks});
+}
+
+void announce(const FileUrl& own, const FileUrl& home) {
+    std::printf("The sample home is %s.\nTo begin with a fresh one, remove %s.\n",
+                std::string(home.path()).c_str(), std::string(own.path()).c_str());
+    std::fflush(stdout);
 }
 
 int run(Application& application) {
     const auto own = OwnFolder::claim(folderForDemo());
     if (!own) return report(own.error());
-    const auto home = own.value().makeAnew("home");
-    if (!home) return report(home.error());
-    const int status = runOn(application, home.value());
-    const auto removed = own.value().remove("home");
-    return removed ? status : report(removed.error());
+    const SystemClock clock;
+    const auto kept = keptHome(own.value(), clock.now(), makeSampleHome);
+    if (!kept) return report(kept.error());
+    announce(own.value().url(), kept.value().home);
+    return runOn(application, kept.value(), clock);
 }
 
 }  // namespace
