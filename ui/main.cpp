@@ -6,6 +6,7 @@
 #include "platform/linux/LinuxUserFolders.h"
 #include "platform/linux/LinuxWorkspace.h"
 #include "platform/linux/QtTasks.h"
+#include "platform/linux/SingleInstance.h"
 #include "platform/linux/SystemClock.h"
 #include "ui/window/Application.h"
 
@@ -16,12 +17,16 @@ int main(int argc, char* argv[]) {
     const auto application = Application::create(argc, argv);
     if (!application) return EXIT_FAILURE;
     const BaseFolders base = baseFolders(processEnvironment);
-    const LinuxFileManager files;
-    const LinuxMetadata metadata(base);
     const LinuxUserFolders folders;
-    const LinuxWorkspace workspace(desktopEntryFolders(base));
+    const auto instance = SingleInstance::claim(SingleInstance::places(
+        folders.applicationSupport(), processEnvironment("XDG_RUNTIME_DIR")));
+    if (!instance) return EXIT_SUCCESS;
+    instance->onShow([&] { application->showWindow(); });
+    LinuxFileManager files(base.dataHome);
+    const LinuxMetadata metadata(base);
+    LinuxWorkspace workspace(desktopEntryFolders(base));
     const SystemClock clock;
     IniUserDefaults defaults(userDefaultsFile(base));
     QtTasks tasks;
-    return application->run({files, metadata, folders, workspace, clock, tasks}, defaults);
+    return application->run({files, metadata, folders, workspace, defaults, clock, tasks});
 }

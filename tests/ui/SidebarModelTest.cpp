@@ -14,22 +14,24 @@ class SectionsShown : public StoreFixture {
 };
 
 TEST_F(SectionsShown, standInTheirOrderUnderTheirHeadings) {
-    EXPECT_EQ(texts(sidebar.rows(), "label"), QStringList({"Home", "Sweep", "Duplicates"}));
-    EXPECT_EQ(texts(sidebar.rows(), "heading"), QStringList({"", "Clean up", ""}));
-    EXPECT_EQ(texts(sidebar.rows(), "shortcut"), QStringList({"Ctrl+1", "Ctrl+3", "Ctrl+4"}));
+    EXPECT_EQ(texts(sidebar.rows(), "label"),
+              QStringList({"Home", "Sweep", "Duplicates", "Activity"}));
+    EXPECT_EQ(texts(sidebar.rows(), "heading"), QStringList({"", "Clean up", "", ""}));
+    EXPECT_EQ(texts(sidebar.rows(), "shortcut"),
+              QStringList({"Ctrl+1", "Ctrl+3", "Ctrl+4", "Ctrl+5"}));
     for (const auto& glyph : texts(sidebar.rows(), "glyph")) {
         EXPECT_TRUE(QFile::exists(":/Nookwise/assets/icons/" + glyph + ".svg"));
     }
 }
 
 TEST_F(SectionsShown, haveNoCountsWhileThereIsNothingToCount) {
-    EXPECT_EQ(texts(sidebar.rows(), "count"), QStringList({"", "", ""}));
+    EXPECT_EQ(texts(sidebar.rows(), "count"), QStringList({"", "", "", ""}));
 }
 
 TEST_F(SectionsShown, countBytesToSweepAndCopies) {
     setPile(PileKind::forgotten, {ticked("/a", 1'000 * megabyte)});
     store->duplicates.set({copies({"/x", "/y"}, 500 * megabyte)});
-    EXPECT_EQ(texts(sidebar.rows(), "count"), QStringList({"", "1.5 GB", "1"}));
+    EXPECT_EQ(texts(sidebar.rows(), "count"), QStringList({"", "1.5 GB", "1", ""}));
 }
 
 TEST_F(SectionsShown, openByKeyAndByRow) {
@@ -37,16 +39,18 @@ TEST_F(SectionsShown, openByKeyAndByRow) {
     sidebar.open("sweep");
     EXPECT_EQ(store->section.get(), AppSection::sweep);
     EXPECT_EQ(sidebar.section(), QStringLiteral("sweep"));
-    EXPECT_EQ(texts(sidebar.rows(), "current"), QStringList({"false", "true", "false"}));
+    EXPECT_EQ(texts(sidebar.rows(), "current"), QStringList({"false", "true", "false", "false"}));
     sidebar.openRow(2);
     EXPECT_EQ(sidebar.section(), QStringLiteral("duplicates"));
-    EXPECT_EQ(changed.size(), 2);
+    sidebar.open("activity");
+    EXPECT_EQ(store->section.get(), AppSection::activity);
+    EXPECT_EQ(changed.size(), 3);
 }
 
 TEST_F(SectionsShown, stayWhenThereIsNoSuchSection) {
     sidebar.open("nowhere");
     sidebar.openRow(-1);
-    sidebar.openRow(3);
+    sidebar.openRow(4);
     EXPECT_EQ(store->section.get(), AppSection::home);
 }
 

@@ -40,20 +40,4 @@ QString pileShortTitle(PileKind kind) {
     return {};
 }
 
-QString pileNoun(PileKind kind) {
-    switch (kind) {
-        case PileKind::forgotten:
-            return QStringLiteral("downloads");
-        case PileKind::installers:
-            return QStringLiteral("installers");
-        case PileKind::screenshots:
-            return QStringLiteral("screenshots");
-        case PileKind::large:
-            return QStringLiteral("large files");
-        case PileKind::duplicates:
-            return QStringLiteral("copies");
-    }
-    return {};
-}
-
 }  // namespace nookwise

@@ -13,7 +13,5 @@ QString pileName(PileKind kind);
 QString pileLabel(PileKind kind);
 /// For legends: "Installers".
 QString pileShortTitle(PileKind kind);
-/// The plural of what lies in the pile: "installers".
-QString pileNoun(PileKind kind);
 
 }  // namespace nookwise

@@ -8,11 +8,21 @@ Rectangle {
     required property Frame frame
     required property string sentence
     required property string caption
+    // The primary one last.
+    default property alias buttons: row.data
+    readonly property bool holdsFocus: Array.from(row.children).some(button => button.activeFocus)
 
     implicitHeight: frame.low ? 72 : 80
     color: Theme.card
     Accessible.role: Accessible.StatusBar
     Accessible.name: sentence + (caption === "" ? "" : ", " + caption)
+
+    // False when nothing here can be pressed.
+    function takeFocus(): bool {
+        const primary = Array.from(row.children).reverse().find(button => button.visible && button.enabled)
+        primary?.forceActiveFocus(Qt.TabFocusReason)
+        return primary !== undefined
+    }
 
     Rectangle {
         width: parent.width
@@ -22,7 +32,7 @@ Rectangle {
     Column {
         anchors.verticalCenter: parent.verticalCenter
         x: bar.frame.margin
-        width: bar.frame.column
+        width: bar.frame.column - (row.width > 0 ? row.width + Theme.space4 : 0)
         spacing: Theme.space1 / 2
 
         Label {
@@ -39,5 +49,12 @@ Rectangle {
             color: Theme.ink3
             elide: Text.ElideRight
         }
+    }
+    Row {
+        id: row
+
+        anchors.verticalCenter: parent.verticalCenter
+        x: bar.frame.margin + bar.frame.column - width
+        spacing: Theme.space2
     }
 }

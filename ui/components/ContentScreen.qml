@@ -4,6 +4,8 @@ import Nookwise
 
 FocusScope {
     required property Frame frame
+    // What stands at the foot of the screen, if anything.
+    property ActionBar bar: null
 
     // Puts the focus on the first thing to work with.
     function takeFocus() {}

@@ -6,6 +6,7 @@ Item {
     id: empty
 
     required property string picture
+    // May be empty.
     required property string title
     required property string sentence
     default property alias buttons: row.data
@@ -30,6 +31,7 @@ Item {
         }
         Label {
             width: parent.width
+            visible: text !== ""
             look: Theme.emptyTitle
             text: empty.title
             horizontalAlignment: Text.AlignHCenter
@@ -40,9 +42,10 @@ Item {
         Item {
             width: 1
             height: 6
+            visible: empty.title !== ""
         }
         Label {
-            width: Math.min(parent.width, 440)
+            width: empty.title === "" ? parent.width : Math.min(parent.width, 440)
             anchors.horizontalCenter: parent.horizontalCenter
             look: Theme.lead
             text: empty.sentence

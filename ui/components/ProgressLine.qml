@@ -7,10 +7,14 @@ Rectangle {
 
     // 0 to 1.
     required property real value
+    // Follows the value at once.
+    property bool still: false
 
     property int filled: Math.round(width * Math.min(Math.max(value, 0), 1))
 
     Behavior on filled {
+        enabled: !line.still
+
         NumberAnimation {
             duration: Theme.progressTime
         }

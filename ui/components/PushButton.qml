@@ -10,8 +10,12 @@ T.Button {
 
     property int kind: PushButton.Kind.Secondary
     property string glyph: ""
+    // The icon stands behind the label.
+    property bool leadsOn: false
+    // Its height: 48 in an action bar, 40, 36, 32 or 28.
     property int size: 40
 
+    readonly property bool big: size >= 48
     readonly property bool primary: kind === PushButton.Kind.Primary
     readonly property bool quiet: kind === PushButton.Kind.Quiet
     readonly property color inkColor: !enabled ? Theme.disabledText : primary ? Theme.accentInk : quiet ? Theme.accent : Theme.ink
@@ -27,7 +31,7 @@ T.Button {
 
     implicitHeight: size
     implicitWidth: Math.ceil(content.implicitWidth) + leftPadding + rightPadding
-    horizontalPadding: quiet ? Theme.space2 : 18
+    horizontalPadding: quiet ? Theme.space2 : big ? 22 : size >= 40 ? 18 : 13
     spacing: Theme.space2
     Accessible.role: Accessible.Button
     Accessible.name: text
@@ -36,7 +40,7 @@ T.Button {
 
     Rectangle {
         anchors.fill: parent
-        radius: Theme.radiusButton
+        radius: button.big ? Theme.radiusCard : Theme.radiusButton
         color: button.fillColor
         border.width: button.primary && button.enabled || button.quiet ? 0 : Theme.hairline
         border.color: button.enabled ? Theme.lineStrong : Theme.disabledLine
@@ -47,6 +51,7 @@ T.Button {
             }
         }
         FocusRing {
+            around: parent.radius
             visible: button.visualFocus
         }
     }
@@ -55,6 +60,7 @@ T.Button {
 
         anchors.centerIn: parent
         spacing: button.spacing
+        layoutDirection: button.leadsOn ? Qt.RightToLeft : Qt.LeftToRight
 
         Icon {
             visible: button.glyph !== ""
@@ -65,7 +71,7 @@ T.Button {
         }
         Label {
             anchors.verticalCenter: parent.verticalCenter
-            look: button.size >= 40 ? Theme.body : Theme.small
+            look: button.big ? Theme.lead : button.size >= 40 ? Theme.body : Theme.small
             weight: Font.DemiBold
             text: button.text
             color: button.inkColor

@@ -14,18 +14,37 @@ Rectangle {
     required property string spoken
     required property bool marked
 
+    signal chosen
+
+    readonly property bool pointed: hover.hovered && !kept
+
     height: 84
     radius: Theme.radiusCard
-    color: kept ? Theme.wash : Theme.card
+    color: kept ? Theme.wash : hover.hovered ? Theme.hover : Theme.card
     border.width: kept ? Theme.strongLine : Theme.hairline
     border.color: kept ? Theme.accent : Theme.lineStrong
-    Accessible.role: Accessible.ListItem
+    Accessible.role: Accessible.RadioButton
     Accessible.name: spoken
+    Accessible.checkable: true
+    Accessible.checked: kept
+    Accessible.onPressAction: chosen()
+    Accessible.onToggleAction: chosen()
 
+    TapHandler {
+        onTapped: tile.chosen()
+    }
+    RadioMark {
+        id: mark
+
+        x: 14
+        anchors.verticalCenter: parent.verticalCenter
+        chosen: tile.kept
+    }
     FileWell {
         id: well
 
-        x: 14
+        anchors.left: mark.right
+        anchors.leftMargin: Theme.space3
         anchors.verticalCenter: parent.verticalCenter
         width: 56
         height: 56
@@ -66,7 +85,7 @@ Rectangle {
             spacing: Theme.space2
 
             Tag {
-                text: tile.kept ? "Kept" : "Extra"
+                text: tile.kept ? "Kept" : tile.pointed || tile.marked ? "Keep this one" : "Extra"
                 glyph: tile.kept ? "check" : ""
                 color: tile.kept ? Theme.accent : Theme.sunken
                 inkColor: tile.kept ? Theme.accentInk : Theme.ink2

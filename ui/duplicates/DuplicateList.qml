@@ -1,4 +1,4 @@
-// Groups of copies, one card each. Arrows move from copy to copy.
+// Groups of copies, one card each. Arrows move from copy to copy, Space keeps the one they stand on.
 pragma ComponentBehavior: Bound
 import QtQuick
 import QtQuick.Templates as T
@@ -55,10 +55,22 @@ ListView {
         currentCopy = Math.max(0, Math.min(last, currentCopy + copies))
     }
 
+    function point(row: int, copy: int) {
+        pointed = true
+        // What is half in view stays so, under the pointer.
+        const place = contentY
+        currentIndex = row
+        contentY = place
+        currentCopy = copy
+        forceActiveFocus(Qt.MouseFocusReason)
+    }
+
+    // Lines came or went: stay on one that holds copies.
+    onCountChanged: if (activeFocus && count > 0) step(0)
     onActiveFocusChanged: {
         if (!activeFocus)
             pointed = false
-        else
+        else if (!pointed)
             step(0)
     }
     Keys.onPressed: event => {
@@ -80,6 +92,10 @@ ListView {
             step(-count)
         else if (event.key === Qt.Key_End)
             step(count)
+        else if (event.key === Qt.Key_Space || event.key === Qt.Key_Return || event.key === Qt.Key_Enter)
+            duplicates.keep(currentIndex, currentCopy)
+        else if (event.key === Qt.Key_Delete)
+            duplicates.trashExtras(currentIndex)
         else
             return
         event.accepted = true
@@ -88,6 +104,11 @@ ListView {
         x: list.frame.margin
         width: list.frame.column
         columns: list.duplicates.columns
+        onChosen: copy => {
+            list.point(index, copy)
+            list.duplicates.keep(index, copy)
+        }
+        onTrashed: list.duplicates.trashExtras(index)
         markedCopy: ListView.isCurrentItem && list.activeFocus && !list.pointed ? list.currentCopy : -1
     }
 }

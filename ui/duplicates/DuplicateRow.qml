@@ -6,18 +6,23 @@ import Nookwise
 Item {
     id: row
 
+    required property int index
     required property bool heading
     required property bool last
     required property string title
     required property string caption
     required property string size
+    required property string trashText
     required property var copies
     required property int perLine
     required property int columns
     // The copy with the keyboard's focus, or -1.
     required property int markedCopy
 
-    readonly property int inner: Theme.space4
+    signal chosen(int copy)
+    signal trashed
+
+    readonly property int inner: Theme.space4 + Theme.hairline
     readonly property int tileGap: 10
     readonly property real pitch: (width - 2 * inner + tileGap) / perLine
 
@@ -39,14 +44,14 @@ Item {
         visible: row.heading
         x: row.inner
         width: parent.width - 2 * row.inner
-        y: 14
+        y: 15
         height: 32
 
         Label {
             id: titleLabel
 
             anchors.verticalCenter: parent.verticalCenter
-            width: Math.min(implicitWidth, parent.width - captionLabel.implicitWidth - sizeLabel.implicitWidth - 2 * row.tileGap)
+            width: Math.min(implicitWidth, parent.width - captionLabel.implicitWidth - sizeLabel.implicitWidth - trashButton.width - 3 * row.tileGap)
             look: Theme.subhead
             text: row.title
             elide: Text.ElideMiddle
@@ -64,11 +69,24 @@ Item {
         Label {
             id: sizeLabel
 
-            anchors.right: parent.right
+            anchors.right: trashButton.left
+            anchors.rightMargin: row.tileGap
             anchors.verticalCenter: parent.verticalCenter
             look: Theme.small
             weight: Font.DemiBold
             text: row.size
+        }
+        PushButton {
+            id: trashButton
+
+            anchors.right: parent.right
+            size: 32
+            glyph: "trash"
+            text: row.trashText
+            // The list is one stop, and the Delete key does the same.
+            focusPolicy: Qt.NoFocus
+            Accessible.description: row.title
+            onClicked: row.trashed()
         }
     }
     Row {
@@ -95,6 +113,7 @@ Item {
                 kindLabel: copy?.kindLabel ?? ""
                 spoken: copy?.spoken ?? ""
                 marked: index === row.markedCopy
+                onChosen: row.chosen(index)
             }
         }
     }

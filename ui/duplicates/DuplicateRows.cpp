@@ -2,9 +2,11 @@
 
 #include "model/Fmt.h"
 #include "ui/bridge/KindBadge.h"
+#include "ui/bridge/ReplacedRows.h"
 #include "ui/bridge/ShownText.h"
 
 #include <algorithm>
+#include <functional>
 
 namespace nookwise {
 
@@ -22,58 +24,118 @@ QString captionOf(const DuplicateGroup& group) {
            QStringLiteral(" each");
 }
 
+QString trashTextOf(const DuplicateGroup& group) {
+    const auto extras = std::ranges::count_if(
+        group.files, [&](const FileItem& file) { return file.url != group.keep; });
+    return QStringLiteral("Trash ") + shownCount(extras) +
+           (extras == 1 ? QStringLiteral(" extra") : QStringLiteral(" extras"));
+}
+
 }  // namespace
+
+bool DuplicateRows::Line::sameAs(const Line& other) const {
+    return firstCopy == other.firstCopy && copies == other.copies &&
+           groupsCopies == other.groupsCopies && groupsFirstFile == other.groupsFirstFile;
+}
 
 int DuplicateRows::rowCount(const QModelIndex& parent) const {
     return parent.isValid() ? 0 : static_cast<int>(lines_.size());
 }
 
 QVariant DuplicateRows::data(const QModelIndex& index, int role) const {
+    const DuplicateGroup* shownGroup = index.isValid() ? group(index.row()) : nullptr;
+    if (shownGroup == nullptr) return {};
     const auto position = static_cast<std::size_t>(index.row());
-    if (!index.isValid() || position >= lines_.size()) return {};
     const Line& line = lines_[position];
-    if (line.group >= store_.duplicates.get().size()) return {};
-    const DuplicateGroup& group = store_.duplicates.get()[line.group];
-    if (group.files.empty()) return {};
     switch (role) {
         case heading:
             return line.copies == 0;
         case last:
             return position + 1 == lines_.size() || lines_[position + 1].copies == 0;
         case title:
-            return titleOf(group);
+            return titleOf(*shownGroup);
         case caption:
-            return captionOf(group);
+            return captionOf(*shownGroup);
         case size:
-            return shownBytes(wastedBytes(group));
+            return shownBytes(wastedBytes(*shownGroup));
+        case trashText:
+            return trashTextOf(*shownGroup);
         case perLine:
-            return static_cast<int>(std::min(columns_, group.files.size()));
+            return static_cast<int>(std::min(columns_, shownGroup->files.size()));
         case copies:
-            return copiesOf(group, line);
+            return copiesOf(*shownGroup, line);
         default:
             return {};
     }
 }
 
 QHash<int, QByteArray> DuplicateRows::roleNames() const {
-    return {{heading, "heading"}, {last, "last"},       {title, "title"},  {caption, "caption"},
-            {size, "size"},       {perLine, "perLine"}, {copies, "copies"}};
+    return {{heading, "heading"}, {last, "last"},    {title, "title"},
+            {caption, "caption"}, {size, "size"},    {trashText, "trashText"},
+            {perLine, "perLine"}, {copies, "copies"}};
 }
 
-void DuplicateRows::cut(int columns) {
+void DuplicateRows::setColumns(int columns) {
     columns_ = static_cast<std::size_t>(std::max(columns, 1));
     beginResetModel();
-    lines_.clear();
+    lines_ = cut();
+    endResetModel();
+}
+
+void DuplicateRows::groupsChanged() {
+    std::vector<Line> lines = cut();
+    const ReplacedRows part = replacedRows(lines_, lines, std::mem_fn(&Line::sameAs));
+    if (part.removed > 0) {
+        std::vector<Line> staying = lines;
+        const auto come = staying.begin() + static_cast<std::ptrdiff_t>(part.first);
+        staying.erase(come, come + static_cast<std::ptrdiff_t>(part.inserted));
+        const auto first = static_cast<int>(part.first);
+        beginRemoveRows({}, first, first + static_cast<int>(part.removed) - 1);
+        lines_ = std::move(staying);
+        endRemoveRows();
+    }
+    if (part.inserted > 0) {
+        const auto first = static_cast<int>(part.first);
+        beginInsertRows({}, first, first + static_cast<int>(part.inserted) - 1);
+        lines_ = std::move(lines);
+        endInsertRows();
+    } else {
+        // The same lines of groups that may stand elsewhere now.
+        lines_ = std::move(lines);
+    }
+    if (!lines_.empty()) emit dataChanged(index(0), index(rowCount() - 1));
+}
+
+const DuplicateGroup* DuplicateRows::group(int row) const {
+    if (row < 0 || row >= rowCount()) return nullptr;
+    const auto& groups = store_.duplicates.get();
+    const std::size_t position = lines_[static_cast<std::size_t>(row)].group;
+    return position < groups.size() && !groups[position].files.empty() ? &groups[position]
+                                                                       : nullptr;
+}
+
+const FileItem* DuplicateRows::copy(int row, int column) const {
+    const DuplicateGroup* holder = group(row);
+    if (holder == nullptr || column < 0) return nullptr;
+    const Line& line = lines_[static_cast<std::size_t>(row)];
+    const std::size_t position = line.firstCopy + static_cast<std::size_t>(column);
+    const bool inLine = static_cast<std::size_t>(column) < line.copies;
+    return inLine && position < holder->files.size() ? &holder->files[position] : nullptr;
+}
+
+std::vector<DuplicateRows::Line> DuplicateRows::cut() const {
+    std::vector<Line> lines;
     const auto& groups = store_.duplicates.get();
     for (std::size_t group = 0; group < groups.size(); ++group) {
-        const std::size_t count = groups[group].files.size();
-        if (count == 0) continue;
-        lines_.push_back({group, 0, 0});
-        for (std::size_t first = 0; first < count; first += columns_) {
-            lines_.push_back({group, first, std::min(columns_, count - first)});
+        const auto& files = groups[group].files;
+        if (files.empty()) continue;
+        lines.push_back({group, files.front().url, files.size(), 0, 0});
+        for (std::size_t first = 0; first < files.size(); first += columns_) {
+            lines.push_back({group, files.front().url, files.size(), first,
+                             std::min(columns_, files.size() - first)});
         }
     }
-    endResetModel();
+    return lines;
 }
 
 QVariantList DuplicateRows::copiesOf(const DuplicateGroup& group, const Line& line) const {

@@ -9,9 +9,9 @@ DuplicatesModel::DuplicatesModel(AppStore& store, const Clock& clock, const File
     : store_(store),
       piles_(piles),
       rows_(store, clock, home),
-      groups_(store.duplicates.observe([this] { rows_.cut(columns_); })) {
+      groups_(store.duplicates.observe([this] { rows_.groupsChanged(); })) {
     connect(&piles, &PilesModel::changed, this, &DuplicatesModel::changed);
-    rows_.cut(columns_);
+    rows_.setColumns(columns_);
 }
 
 QString DuplicatesModel::title() const {
@@ -19,7 +19,7 @@ QString DuplicatesModel::title() const {
 }
 
 QString DuplicatesModel::subtitle() const {
-    return shown(nookwise::subtitle(PileKind::duplicates));
+    return QStringLiteral("Byte-for-byte the same. Click any copy to keep it instead.");
 }
 
 QString DuplicatesModel::totalText() const {
@@ -39,10 +39,28 @@ QString DuplicatesModel::comesBackText() const {
     return totalText() + QStringLiteral(" comes back");
 }
 
+QString DuplicatesModel::trashText() const {
+    return QStringLiteral("Trash all extras (") + shownCount(piles_.duplicateCopies()) +
+           QStringLiteral(" · ") + totalText() + u')';
+}
+
+void DuplicatesModel::keep(int row, int copy) {
+    const FileItem* file = rows_.copy(row, copy);
+    if (file != nullptr) store_.setKeep(rows_.group(row)->id, file->url);
+}
+
+void DuplicatesModel::trashExtras(int row) {
+    if (const DuplicateGroup* group = rows_.group(row)) store_.trashDuplicates({*group});
+}
+
+void DuplicatesModel::trashAllExtras() {
+    store_.trashDuplicates(store_.duplicates.get());
+}
+
 void DuplicatesModel::setColumns(int columns) {
     if (columns == columns_) return;
     columns_ = columns;
-    rows_.cut(columns_);
+    rows_.setColumns(columns_);
     emit columnsChanged();
 }
 

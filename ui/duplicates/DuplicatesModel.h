@@ -20,6 +20,8 @@ class DuplicatesModel : public QObject {
     /// "48 copies in 19 groups".
     Q_PROPERTY(QString countText READ countText NOTIFY changed)
     Q_PROPERTY(QString comesBackText READ comesBackText NOTIFY changed)
+    /// "Trash all extras (48 · 3.12 GB)".
+    Q_PROPERTY(QString trashText READ trashText NOTIFY changed)
     Q_PROPERTY(QAbstractListModel* rows READ rows CONSTANT)
     /// How many copies stand side by side.
     Q_PROPERTY(int columns READ columns WRITE setColumns NOTIFY columnsChanged)
@@ -35,9 +37,17 @@ class DuplicatesModel : public QObject {
     QString totalText() const;
     QString countText() const;
     QString comesBackText() const;
+    QString trashText() const;
     QAbstractListModel* rows() { return &rows_; }
     int columns() const { return columns_; }
     void setColumns(int columns);
+
+    /// Keeps one of the copies in a line instead of the one that was kept.
+    Q_INVOKABLE void keep(int row, int copy);
+    /// Asks to trash what is not kept of the group that the line belongs to.
+    Q_INVOKABLE void trashExtras(int row);
+    /// Asks to trash what is not kept of all groups.
+    Q_INVOKABLE void trashAllExtras();
 
   signals:
     void changed();

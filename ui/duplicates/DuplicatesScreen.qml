@@ -12,8 +12,26 @@ ContentScreen {
     readonly property bool empty: duplicates.empty && !scan.scanning
     readonly property int topEdge: frame.low ? Theme.space4 : Theme.space5
 
+    bar: actions.visible ? actions : null
+
     function takeFocus() {
         tabs.focusSelected(Qt.OtherFocusReason)
+    }
+
+    // The last group took the focus with it.
+    function followFocus() {
+        if (empty && activeFocus && (list.activeFocus || trash.activeFocus || Window.activeFocusItem === screen))
+            takeFocus()
+    }
+
+    onEmptyChanged: if (empty) settled.restart()
+
+    // By then every binding knows what is left.
+    Timer {
+        id: settled
+
+        interval: 0
+        onTriggered: screen.followFocus()
     }
 
     Binding {
@@ -47,6 +65,8 @@ ContentScreen {
         countText: screen.duplicates.countText
     }
     DuplicateList {
+        id: list
+
         anchors.fill: content
         anchors.topMargin: Theme.space4
         visible: !screen.scan.scanning && !screen.empty
@@ -82,5 +102,15 @@ ContentScreen {
         frame: screen.frame
         sentence: screen.duplicates.comesBackText
         caption: "One copy of every file stays where it is"
+
+        PushButton {
+            id: trash
+
+            kind: PushButton.Kind.Primary
+            size: 48
+            glyph: "trash"
+            text: screen.duplicates.trashText
+            onClicked: screen.duplicates.trashAllExtras()
+        }
     }
 }

@@ -33,6 +33,18 @@ ListView {
     Accessible.role: Accessible.List
     Accessible.name: sweep.title
     T.ScrollBar.vertical: ThinScrollBar {}
+    removeDisplaced: Transition {
+        NumberAnimation {
+            property: "y"
+            duration: Theme.rowMoveTime
+        }
+    }
+
+    // Puts the focus on the current row, with the ring if the keyboard is at work.
+    function takeFocus(byKey: bool) {
+        pointed = !byKey
+        forceActiveFocus(Qt.OtherFocusReason)
+    }
 
     function show(row: int) {
         point(row)
@@ -49,14 +61,26 @@ ListView {
         currentIndex = Math.max(0, Math.min(count - 1, currentIndex + rows))
     }
 
+    // Stays where it was among the rows that stayed, however many went.
+    function followRows() {
+        forceLayout()
+        const row = Math.max(0, Math.min(count - 1, sweep.rowAfterReplacement(currentIndex)))
+        if (row === currentIndex)
+            return
+        currentIndex = row
+        positionViewAtIndex(row, ListView.Contain)
+    }
+
     Component.onCompleted: shownPile = sweep.pile
     onContentYChanged: if (shownPile === sweep.pile) places[shownPile] = contentY
     Connections {
         target: list.sweep
 
         function onPileChanged() {
-            if (list.shownPile === list.sweep.pile)
+            if (list.shownPile === list.sweep.pile) {
+                list.followRows()
                 return
+            }
             list.shownPile = list.sweep.pile
             list.forceLayout()
             list.contentY = Math.max(0, Math.min(list.contentHeight - list.height, list.places[list.shownPile] ?? 0))

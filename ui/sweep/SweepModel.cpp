@@ -25,10 +25,10 @@ SweepModel::SweepModel(AppStore& store, const FileUrl& home, PilesModel& piles)
               {"to", [](const Block& block) { return block.to; }},
               {"ticked", [](const Block& block) { return block.ticked; }}}) {
     subscriptions_.push_back(store.piles.observe([this] { reload(); }));
-    subscriptions_.push_back(store.selectedPile.observe([this] { reload(); }));
+    subscriptions_.push_back(store.selectedPile.observe([this] { showPile(); }));
     subscriptions_.push_back(store.checked.observe([this] { checkedChanged(); }));
     connect(&piles, &PilesModel::changed, this, &SweepModel::largestChanged);
-    reload();
+    showPile();
 }
 
 QString SweepModel::pile() const {
@@ -52,7 +52,7 @@ QString SweepModel::countText() const {
 }
 
 QString SweepModel::emptyText() const {
-    return QStringLiteral("No ") + pileNoun(store_.selectedPile.get()) +
+    return QStringLiteral("No ") + shown(noun(store_.selectedPile.get())) +
            QStringLiteral(" to clean right now. We’ll check again next time you open Nookwise.");
 }
 
@@ -83,6 +83,12 @@ QString SweepModel::staysText() const {
     if (staying == 0) return {};
     return shownFiles(staying) + (staying == 1 ? QStringLiteral(" stays where it is")
                                                : QStringLiteral(" stay where they are"));
+}
+
+QString SweepModel::trashText() const {
+    const QString sum =
+        canTrash() ? QStringLiteral(" · ") + shownBytes(ticked_.tickedBytes()) : QString();
+    return QStringLiteral("Trash selected (") + shownCount(ticked_.tickedCount()) + sum + u')';
 }
 
 double SweepModel::stripShare() const {
@@ -125,14 +131,31 @@ void SweepModel::selectNone() {
     store_.tickNone();
 }
 
+void SweepModel::trashTicked() {
+    std::vector<FileItem> files;
+    for (SweepItem& item : store_.checkedItems()) files.push_back(std::move(item.file));
+    const PileKind kind = store_.selectedPile.get();
+    store_.requestTrash(std::move(files), kind, nookwise::title(kind));
+}
+
 void SweepModel::openLargest() {
     const auto piles = piles_.largestFirst();
     if (!piles.empty()) piles_.open(piles.front().kind);
 }
 
+void SweepModel::showPile() {
+    ticked_.reload();
+    rows_.pileReplaced();
+    pileReloaded();
+}
+
 void SweepModel::reload() {
     ticked_.reload();
     rows_.pileChanged();
+    pileReloaded();
+}
+
+void SweepModel::pileReloaded() {
     refreshStrip();
     emit pileChanged();
     emit ticksChanged();

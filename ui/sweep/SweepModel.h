@@ -30,6 +30,9 @@ class SweepModel : public QObject {
     Q_PROPERTY(QString comesBackText READ comesBackText NOTIFY ticksChanged)
     /// Empty when nothing stays.
     Q_PROPERTY(QString staysText READ staysText NOTIFY ticksChanged)
+    /// "Trash selected (118 · 7.96 GB)".
+    Q_PROPERTY(QString trashText READ trashText NOTIFY ticksChanged)
+    Q_PROPERTY(bool canTrash READ canTrash NOTIFY ticksChanged)
     Q_PROPERTY(QAbstractListModel* rows READ rows CONSTANT)
     /// The largest files: row, name (without extension), where its part of the strip begins and
     /// ends (from and to, 0 to 1), ticked.
@@ -57,6 +60,8 @@ class SweepModel : public QObject {
     QString tickedText() const;
     QString comesBackText() const;
     QString staysText() const;
+    QString trashText() const;
+    bool canTrash() const { return ticked_.tickedCount() > 0; }
     QAbstractListModel* rows() { return &rows_; }
     QAbstractListModel* strip() { return &strip_; }
     double stripShare() const;
@@ -66,6 +71,9 @@ class SweepModel : public QObject {
     Q_INVOKABLE void toggle(int row);
     Q_INVOKABLE void selectAll();
     Q_INVOKABLE void selectNone();
+    /// Asks to trash what is ticked.
+    Q_INVOKABLE void trashTicked();
+    Q_INVOKABLE int rowAfterReplacement(int row) const { return rows_.rowAfterReplacement(row); }
     /// Shows the largest pile.
     Q_INVOKABLE void openLargest();
 
@@ -85,7 +93,9 @@ class SweepModel : public QObject {
         friend bool operator==(const Block&, const Block&) = default;
     };
 
+    void showPile();
     void reload();
+    void pileReloaded();
     void checkedChanged();
     void refreshStrip();
     void markStrip();

@@ -8,6 +8,11 @@ Item {
     required property Frame frame
     required property SweepModel sweep
     required property string hint
+    readonly property bool listHoldsFocus: list.activeFocus
+
+    function focusList(byKey: bool) {
+        list.takeFocus(byKey)
+    }
 
     PileHeader {
         id: header

@@ -23,6 +23,9 @@ Rectangle {
     signal hoverChanged(bool inside)
 
     color: hover.hovered ? Theme.hover : Theme.paper
+    // A row that waits to be used again is not drawn, but would still be read out.
+    ListView.onPooled: visible = false
+    ListView.onReused: visible = true
     Accessible.role: Accessible.ListItem
     Accessible.name: spoken
     Accessible.checkable: true

@@ -1,4 +1,5 @@
 // The review of a pile.
+pragma ComponentBehavior: Bound
 import QtQuick
 import Nookwise
 
@@ -6,16 +7,75 @@ ContentScreen {
     id: screen
 
     required property SweepModel sweep
+    required property ClearedModel cleared
     required property PilesModel piles
     required property ScanModel scan
 
-    readonly property bool empty: sweep.empty && !scan.scanning
+    readonly property bool justCleared: cleared.cleared && !scan.scanning
+    readonly property bool empty: sweep.empty && !scan.scanning && !justCleared
+    // Files were asked to go, by key or not, and rows went since.
+    property bool asked: false
+    property bool byKey: false
+    property bool rowsWent: false
     readonly property int topEdge: frame.low ? Theme.space4 : Theme.space5
 
     readonly property string hint: "Everything goes to the Trash first. iCloud-only files are skipped."
 
+    bar: actions.visible ? actions : null
+
     function takeFocus() {
-        tabs.focusSelected(Qt.OtherFocusReason)
+        if (justCleared)
+            next.takeFocus(byKey ? Qt.TabFocusReason : Qt.OtherFocusReason)
+        else
+            tabs.focusSelected(Qt.OtherFocusReason)
+    }
+
+    function trashTicked(withKey: bool) {
+        if (!trash.enabled)
+            return
+        byKey = withKey
+        asked = true
+        rowsWent = false
+        sweep.trashTicked()
+    }
+
+    // Where to go on when files have gone, or what had the focus has: the next row, or what the
+    // emptied pile leads to.
+    function followRows() {
+        if (!activeFocus)
+            return
+        const lost = Window.activeFocusItem === screen
+        const gone = asked && rowsWent
+        asked = false
+        if (!lost && !gone)
+            return
+        if (review.visible)
+            review.focusList(byKey)
+        else
+            takeFocus()
+    }
+
+    // Back from the question.
+    onActiveFocusChanged: if (activeFocus && asked) settled.restart()
+
+    Keys.onDeletePressed: event => {
+        if (!event.isAutoRepeat)
+            trashTicked(true)
+    }
+    Connections {
+        target: screen.sweep
+
+        function onPileChanged() {
+            screen.rowsWent = true
+            settled.restart()
+        }
+    }
+    // By then every binding knows what is left.
+    Timer {
+        id: settled
+
+        interval: 0
+        onTriggered: screen.followRows()
     }
 
     PileTabs {
@@ -28,8 +88,10 @@ ContentScreen {
         narrow: screen.frame.narrow
     }
     SweepReview {
+        id: review
+
         anchors.fill: content
-        visible: !screen.scan.scanning && !screen.empty
+        visible: !screen.scan.scanning && !screen.empty && !screen.justCleared
         enabled: visible
         frame: screen.frame
         sweep: screen.sweep
@@ -41,6 +103,14 @@ ContentScreen {
         frame: screen.frame
         sweep: screen.sweep
         scan: screen.scan
+    }
+    ClearedState {
+        id: next
+
+        anchors.fill: content
+        visible: screen.justCleared
+        frame: screen.frame
+        cleared: screen.cleared
     }
     EmptyState {
         anchors.fill: content
@@ -73,9 +143,20 @@ ContentScreen {
 
         anchors.bottom: parent.bottom
         width: parent.width
-        visible: !screen.empty
+        visible: !screen.empty && !screen.justCleared
         frame: screen.frame
         sentence: screen.scan.scanning ? "Still reading" : screen.sweep.comesBackText
         caption: screen.scan.scanning || screen.frame.narrow ? screen.hint : screen.sweep.staysText
+
+        PushButton {
+            id: trash
+
+            kind: PushButton.Kind.Primary
+            size: 48
+            glyph: "trash"
+            enabled: screen.sweep.canTrash && !screen.scan.scanning
+            text: screen.scan.scanning ? "Trash selected (0)" : screen.sweep.trashText
+            onClicked: screen.trashTicked(visualFocus)
+        }
     }
 }

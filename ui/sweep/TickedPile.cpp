@@ -51,6 +51,13 @@ std::span<const int> TickedPile::turned(int row) {
     return rows;
 }
 
+std::vector<FileUrl> TickedPile::urls() const {
+    std::vector<FileUrl> urls;
+    urls.reserve(items().size());
+    for (const SweepItem& item : items()) urls.push_back(item.file.url);
+    return urls;
+}
+
 const SweepItem* TickedPile::item(int row) const {
     const auto all = items();
     const auto position = static_cast<std::size_t>(row);

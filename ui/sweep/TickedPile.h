@@ -25,6 +25,8 @@ class TickedPile {
 
     int size() const { return size_; }
     bool empty() const { return size_ == 0; }
+    /// The file of each row.
+    std::vector<FileUrl> urls() const;
     /// Null beyond the end.
     const SweepItem* item(int row) const;
     bool ticked(int row) const;

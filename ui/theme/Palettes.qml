@@ -170,8 +170,20 @@ QtObject {
         "other": "#626061"
     })
 
+    // What was done to files: the ground and the ink of its icon.
+    readonly property var changes: ({
+        "trash": { wash: "#F3F0E9", text: "#5B5347" },
+        "move": { wash: "#E4EDF9", text: "#275087" },
+        "copy": { wash: "#E2EFF1", text: "#1D5A63" },
+        "rename": { wash: "#FCEFC9", text: "#664708" }
+    })
+
     function of(name: string): PilePalette {
         return byName[name] ?? ghost
+    }
+
+    function change(kind: string): var {
+        return changes[kind] ?? changes["trash"]
     }
 
     function kindLabel(group: string): color {

@@ -22,6 +22,7 @@ QtObject {
     readonly property color accentHover: "#125141"
     readonly property color accentPress: "#0E4235"
     readonly property color accentInk: "#FFFFFF"
+    readonly property color accentPale: "#9CC7B8"
     readonly property color wash: "#E4F0EB"
     readonly property color honey: "#F6C65C"
     readonly property color honeyWash: "#FCEFC9"
@@ -54,6 +55,7 @@ QtObject {
     readonly property TextStyle title: TextStyle { size: 26; line: 32; weight: Font.DemiBold; spacing: -0.3; family: theme.display }
     readonly property TextStyle total: TextStyle { size: 26; line: 32; weight: Font.DemiBold; family: theme.display }
     readonly property TextStyle emptyTitle: TextStyle { size: 22; line: 28; weight: Font.DemiBold; spacing: -0.1; family: theme.display }
+    readonly property TextStyle sheetTitle: TextStyle { size: 20; line: 26; weight: Font.DemiBold; family: theme.display }
     readonly property TextStyle figure: TextStyle { size: 20; line: 24; weight: Font.DemiBold; family: theme.display }
     readonly property TextStyle figureNarrow: TextStyle { size: 18; line: 24; weight: Font.DemiBold; family: theme.display }
     readonly property TextStyle heading: TextStyle { size: 18; line: 24; weight: Font.DemiBold; spacing: -0.1; family: theme.display }
@@ -71,6 +73,7 @@ QtObject {
     readonly property int radiusCheck: 5
     readonly property int radiusButton: 8
     readonly property int radiusCard: 12
+    readonly property int radiusSheet: 16
     readonly property int hairline: 1
     readonly property int strongLine: 2
     readonly property int ringGap: 2
@@ -89,6 +92,12 @@ QtObject {
     readonly property int colourTime: reducedMotion ? 0 : 120
     readonly property int moveTime: reducedMotion ? 0 : 180
     readonly property int progressTime: reducedMotion ? 0 : 200
+    readonly property int scrimTime: reducedMotion ? 0 : 150
+    readonly property int sheetTime: reducedMotion ? 0 : 200
+    readonly property int toastTime: reducedMotion ? 0 : 200
+    readonly property int toastOutTime: reducedMotion ? 0 : 150
+    readonly property int rowMoveTime: reducedMotion ? 0 : 200
+    readonly property int turnTime: 1200
     readonly property int scanningCardTime: 900
     readonly property int tipDelay: 600
 }

@@ -1,5 +1,6 @@
 #include "ui/window/Application.h"
 
+#include "ui/window/HeldWindow.h"
 #include "ui/window/ViewModels.h"
 #include "ui/window/WindowMemory.h"
 
@@ -52,17 +53,28 @@ std::unique_ptr<Application> Application::create(int& argc, char** argv) {
     return application;
 }
 
-int Application::run(const Platform& platform, UserDefaults& defaults) {
-    ViewModels models(AppStore::create(platform), platform);
+int Application::run(const Platform& platform) {
+    const auto store = AppStore::create(platform);
+    ViewModels models(store, platform);
     QQmlApplicationEngine engine;
     engine.addImportPath(QStringLiteral("qrc:/"));
     engine.setInitialProperties(models.properties());
     engine.load(QUrl(QStringLiteral("qrc:/Nookwise/window/Main.qml")));
     if (engine.rootObjects().isEmpty()) return EXIT_FAILURE;
     auto& window = *qobject_cast<QQuickWindow*>(engine.rootObjects().constFirst());
-    const WindowMemory memory(window, models.sidebar, defaults);
+    const HeldWindow held(*store, window);
+    const WindowMemory memory(window, models.sidebar, platform.defaults);
+    window_ = &window;
     window.show();
     return QGuiApplication::exec();
+}
+
+void Application::showWindow() {
+    if (!window_) return;
+    window_->setWindowStates(window_->windowStates() & ~Qt::WindowMinimized);
+    window_->show();
+    window_->raise();
+    window_->requestActivate();
 }
 
 }  // namespace nookwise

@@ -2,9 +2,10 @@
 #pragma once
 
 #include "app/Platform.h"
-#include "platform/UserDefaults.h"
 
 #include <QGuiApplication>
+#include <QPointer>
+#include <QQuickWindow>
 #include <memory>
 
 namespace nookwise {
@@ -17,12 +18,16 @@ class Application {
     static std::unique_ptr<Application> create(int& argc, char** argv);
 
     /// Shows the main window until the user quits. Returns the process's exit status.
-    int run(const Platform& platform, UserDefaults& defaults);
+    int run(const Platform& platform);
+
+    /// Brings the main window to the front, wherever it is. Without one it does nothing.
+    void showWindow();
 
   private:
     Application(int& argc, char** argv) : qt_(argc, argv) {}
 
     QGuiApplication qt_;
+    QPointer<QQuickWindow> window_;
 };
 
 }  // namespace nookwise

@@ -14,6 +14,11 @@ Window {
     required property HomeModel home
     required property SweepModel sweep
     required property DuplicatesModel duplicates
+    required property ActivityModel activity
+    required property ClearedModel cleared
+    required property TrashSheetModel trashSheet
+    required property ToastModel toast
+    required property BusyModel busy
 
     readonly property Frame frame: Frame {
         width: window.width
@@ -37,13 +42,21 @@ Window {
         switch (sidebar.section) {
         case "sweep":
             screens.setSource("../sweep/SweepScreen.qml", Object.assign(shared, {
-                sweep: sweep
+                sweep: sweep,
+                cleared: cleared
             }))
             break
         case "duplicates":
             screens.setSource("../duplicates/DuplicatesScreen.qml", Object.assign(shared, {
                 duplicates: duplicates
             }))
+            break
+        case "activity":
+            screens.setSource("../activity/ActivityScreen.qml", {
+                frame: frame,
+                activity: activity,
+                disk: disk
+            })
             break
         default:
             screens.setSource("../home/HomeScreen.qml", Object.assign(shared, {
@@ -57,11 +70,18 @@ Window {
         (screens.item as ContentScreen)?.takeFocus()
     }
 
+    // From the sidebar to the content, its action bar, the toast, and round again.
     function cycleFocus() {
+        const bar = (screens.item as ContentScreen)?.bar ?? null
         if (sections.holdsFocus())
-            focusContent()
-        else
-            sections.takeFocus()
+            return focusContent()
+        if (!notice.activeFocus) {
+            if (bar && !bar.holdsFocus && bar.takeFocus())
+                return
+            if (toast.shown)
+                return notice.takeFocus()
+        }
+        sections.takeFocus()
     }
 
     Sidebar {
@@ -114,10 +134,28 @@ Window {
             }
         }
     }
+    ToastView {
+        id: notice
+
+        readonly property real foot: (screens.item as ContentScreen)?.bar?.height ?? 0
+
+        x: Math.round(screens.x + (screens.width - width) / 2)
+        y: parent.height - foot - Theme.space6 - height + rise
+        toast: window.toast
+        room: window.frame.column
+        onFocusLeft: screens.forceActiveFocus(Qt.OtherFocusReason)
+    }
     WindowControls {
         anchors.right: parent.right
         anchors.rightMargin: Theme.space3
         y: 10
+    }
+    BusyCard {
+        anchors.fill: parent
+        work: window.busy
+    }
+    ConfirmSheet {
+        request: window.trashSheet
     }
     Rectangle {
         anchors.fill: parent
@@ -153,6 +191,10 @@ Window {
     Shortcut {
         sequence: "Ctrl+Q"
         onActivated: Qt.quit()
+    }
+    Shortcut {
+        sequence: "Ctrl+Z"
+        onActivated: window.toast.undoLast()
     }
     Shortcut {
         sequence: "F6"

@@ -35,6 +35,8 @@ const std::array entries{
     SectionEntry{AppSection::sweep, "sweep", "Sweep", "sweep", "Clean up", "Ctrl+3", sweepCount},
     SectionEntry{AppSection::duplicates, "duplicates", "Duplicates", "duplicates", "Clean up",
                  "Ctrl+4", duplicatesCount},
+    SectionEntry{AppSection::activity, "activity", "Activity", "activity", "Clean up", "Ctrl+5",
+                 noCount},
 };
 
 }  // namespace

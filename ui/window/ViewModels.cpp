@@ -12,7 +12,12 @@ ViewModels::ViewModels(std::shared_ptr<AppStore> store, const Platform& platform
       sidebar(*store_, piles),
       home(*store_, platform, piles, scan),
       sweep(*store_, platform.folders.home(), piles),
-      duplicates(*store_, platform.clock, platform.folders.home(), piles) {}
+      cleared(*store_, piles),
+      duplicates(*store_, platform.clock, platform.folders.home(), piles),
+      activity(*store_, platform),
+      trashSheet(*store_),
+      toast(*store_),
+      busy(*store_) {}
 
 QVariantMap ViewModels::properties() {
     return {{"scan", QVariant::fromValue(&scan)},
@@ -21,7 +26,12 @@ QVariantMap ViewModels::properties() {
             {"sidebar", QVariant::fromValue(&sidebar)},
             {"home", QVariant::fromValue(&home)},
             {"sweep", QVariant::fromValue(&sweep)},
-            {"duplicates", QVariant::fromValue(&duplicates)}};
+            {"cleared", QVariant::fromValue(&cleared)},
+            {"duplicates", QVariant::fromValue(&duplicates)},
+            {"activity", QVariant::fromValue(&activity)},
+            {"trashSheet", QVariant::fromValue(&trashSheet)},
+            {"toast", QVariant::fromValue(&toast)},
+            {"busy", QVariant::fromValue(&busy)}};
 }
 
 }  // namespace nookwise

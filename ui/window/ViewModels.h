@@ -3,12 +3,17 @@
 
 #include "app/AppStore.h"
 #include "app/Platform.h"
+#include "ui/activity/ActivityModel.h"
 #include "ui/bridge/DiskModel.h"
 #include "ui/bridge/PilesModel.h"
 #include "ui/bridge/ScanModel.h"
 #include "ui/duplicates/DuplicatesModel.h"
 #include "ui/home/HomeModel.h"
+#include "ui/sweep/ClearedModel.h"
 #include "ui/sweep/SweepModel.h"
+#include "ui/trash/BusyModel.h"
+#include "ui/trash/ToastModel.h"
+#include "ui/trash/TrashSheetModel.h"
 #include "ui/window/SidebarModel.h"
 
 #include <QVariantMap>
@@ -34,7 +39,12 @@ class ViewModels {
     SidebarModel sidebar;
     HomeModel home;
     SweepModel sweep;
+    ClearedModel cleared;
     DuplicatesModel duplicates;
+    ActivityModel activity;
+    TrashSheetModel trashSheet;
+    ToastModel toast;
+    BusyModel busy;
 };
 
 }  // namespace nookwise

@@ -52,6 +52,36 @@ void Bench::fillDownloads(int count) {
     }
 }
 
+void Bench::fillCopies(int groups) {
+    const Date date = application_->fake.clock.now() - Seconds(secondsADay);
+    for (int group = 0; group < groups; ++group) {
+        const auto number = std::to_string(100 + group);
+        const std::string contents = number + std::string(100'000, 'p');
+        for (const auto& folder : {"Documents/" + number, std::string("Downloads")}) {
+            application_->fake.files.addFile(
+                "/home/user/" + folder + "/plan " + number + ".pdf",
+                {.contents = contents, .modified = date, .added = date});
+        }
+    }
+}
+
+void Bench::fillActivity(int days, int perDay) {
+    std::vector<ActivityEntry> entries;
+    for (int day = 0; day < days; ++day) {
+        for (int number = perDay; number > 0; --number) {
+            ActivityEntry entry;
+            entry.id = Uuid::random();
+            entry.date = application_->fake.clock.now() - Seconds(day * secondsADay);
+            entry.title = "Swept " + std::to_string(100 * day + number) + " downloads";
+            entry.source = "Forgotten downloads";
+            entry.moves.push_back({FileUrl("/home/user/Downloads/old.zip"),
+                                   FileUrl("/Trash/old.zip"), 100 * megabyte});
+            entries.push_back(std::move(entry));
+        }
+    }
+    application_->store->activity.set(std::move(entries));
+}
+
 void Bench::runScan() {
     application_->fake.tasks.runEverything();
 }
@@ -70,6 +100,43 @@ QStringList Bench::tickedNames() {
         names += QString::fromStdString(std::string(item.file.url.lastPathComponent()));
     }
     return names;
+}
+
+QStringList Bench::askedNames() {
+    QStringList names;
+    if (const auto& request = application_->store->pendingTrash.get()) {
+        for (const auto& file : request->files)
+            names += QString::fromStdString(std::string(file.url.lastPathComponent()));
+    }
+    return names;
+}
+
+void Bench::askNoMore() {
+    application_->fake.defaults.setBoolean(skipConfirmationKey("Duplicates"), true);
+}
+
+int Bench::changesPutBack() {
+    return static_cast<int>(
+        std::ranges::count(application_->store->activity.get(), true, &ActivityEntry::restored));
+}
+
+bool Bench::exists(const QString& path) {
+    return application_->fake.files.exists(FileUrl(path.toStdString()));
+}
+
+int Bench::timesRevealed() {
+    return static_cast<int>(application_->fake.workspace.revealed.size());
+}
+
+void Bench::setBusy(int done, int total) {
+    if (total == 0) return application_->store->busy.set(std::nullopt);
+    application_->store->busy.set(
+        Busy{static_cast<std::size_t>(done), static_cast<std::size_t>(total)});
+}
+
+void Bench::startMoving() {
+    application_->store->transferring.set(true);
+    application_->store->toast.set(Toast{Uuid::random(), "Moving 3 files…", std::nullopt});
 }
 
 bool Bench::scanning() {

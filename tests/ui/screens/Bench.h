@@ -26,6 +26,10 @@ class Bench : public QObject {
     Q_INVOKABLE void fillHome();
     /// Many old downloads.
     Q_INVOKABLE void fillDownloads(int count);
+    /// Groups of two copies each, at ~/Documents/N/plan N.pdf and ~/Downloads/plan N.pdf.
+    Q_INVOKABLE void fillCopies(int groups);
+    /// A log with these many changes a day on as many days, the newest today, none put back.
+    Q_INVOKABLE void fillActivity(int days, int perDay);
     Q_INVOKABLE void runScan();
     /// What a scan that is on its way reports.
     Q_INVOKABLE void report(const QString& folder, int files, double fraction, const QString& step);
@@ -33,6 +37,19 @@ class Bench : public QObject {
     Q_INVOKABLE QString section();
     Q_INVOKABLE QStringList tickedNames();
     Q_INVOKABLE bool scanning();
+    /// What waits for the user's confirmation to be trashed.
+    Q_INVOKABLE QStringList askedNames();
+    /// Trash copies without a question from now on.
+    Q_INVOKABLE void askNoMore();
+    /// How many changes were put back.
+    Q_INVOKABLE int changesPutBack();
+    Q_INVOKABLE bool exists(const QString& path);
+    /// How often files were shown in the file browser.
+    Q_INVOKABLE int timesRevealed();
+    /// A long call is that far, or none is under way when `total` is 0.
+    Q_INVOKABLE void setBusy(int done, int total);
+    /// Files are on their way to another folder.
+    Q_INVOKABLE void startMoving();
 
   signals:
     void windowChanged();

@@ -39,11 +39,6 @@ ScreenTest {
         named("old survey 300 MB, old slides 200 MB, old notes 100 MB")
     }
 
-    function test_offersNoTrashYet() {
-        openReview()
-        verify(!search(window.contentItem, item => typeof item.text === "string" && item.text.startsWith("Trash selected")))
-    }
-
     function test_ticksByMouse() {
         openReview()
         mouseClick(tickBox(slides))

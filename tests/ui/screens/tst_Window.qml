@@ -14,7 +14,7 @@ ScreenTest {
 
     function test_keysOpenSections() {
         openWindow()
-        for (const [key, section] of [[Qt.Key_3, "sweep"], [Qt.Key_4, "duplicates"], [Qt.Key_1, "home"]]) {
+        for (const [key, section] of [[Qt.Key_3, "sweep"], [Qt.Key_4, "duplicates"], [Qt.Key_5, "activity"], [Qt.Key_1, "home"]]) {
             keyClick(key, Qt.ControlModifier)
             compare(bench.section(), section)
         }
@@ -26,6 +26,7 @@ ScreenTest {
         named("Home")
         named("Sweep")
         named("Duplicates")
+        named("Activity")
         verifyText("Clean up")
         bench.fillHome()
         bench.runScan()
@@ -59,7 +60,7 @@ ScreenTest {
         keyClick(Qt.Key_F6)
         keyClick(Qt.Key_End)
         keyClick(Qt.Key_Space)
-        compare(bench.section(), "duplicates")
+        compare(bench.section(), "activity")
     }
 
     function test_f6CyclesBetweenSidebarAndContent() {

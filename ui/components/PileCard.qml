@@ -1,4 +1,4 @@
-// A pile on Home: its folder, its size, its name.
+// A pile to go to: its folder, its size, its name.
 import QtQuick
 import QtQuick.Templates as T
 import Nookwise
@@ -12,12 +12,13 @@ T.Button {
     required property string size
     required property real count
     property bool narrow: false
+    property int artHeight: narrow ? 104 : 156
+    property int artWidth: narrow ? 104 : 148
     // The folder while nothing is known yet, with the one card that slips in.
     property bool scanning: false
     property bool ghostCard: false
 
     readonly property PilePalette palette_: Palettes.of(scanning ? "ghost" : name)
-    readonly property int artHeight: narrow ? 104 : 156
 
     implicitHeight: artHeight + texts.implicitHeight + Theme.space3 + 14
     enabled: !scanning
@@ -61,7 +62,7 @@ T.Button {
         FolderArt {
             anchors.horizontalCenter: parent.horizontalCenter
             y: card.artHeight - height - (card.narrow ? 8 : 10)
-            width: card.narrow ? 104 : 148
+            width: card.artWidth
             height: implicitHeight
             name: card.scanning ? "ghost" : card.name
             count: card.scanning ? (card.ghostCard ? 1 : 0) : card.count

@@ -1,0 +1,52 @@
+// A button on the dark of a toast.
+import QtQuick
+import QtQuick.Templates as T
+import Nookwise
+
+T.Button {
+    id: button
+
+    property string glyph: ""
+    property color ink: Theme.darkInk
+    property bool iconOnly: false
+
+    implicitWidth: iconOnly ? 32 : Math.ceil(content.implicitWidth) + 2 * 14
+    implicitHeight: 32
+    Accessible.role: Accessible.Button
+    Accessible.name: text
+    Keys.onReturnPressed: button.clicked()
+    Keys.onEnterPressed: button.clicked()
+
+    Rectangle {
+        anchors.fill: parent
+        radius: Theme.radiusButton
+        color: button.hovered || button.down ? Theme.darkLine : "transparent"
+
+        FocusRing {
+            border.color: Theme.darkAccent
+            visible: button.visualFocus
+        }
+    }
+    Row {
+        id: content
+
+        anchors.centerIn: parent
+        spacing: Theme.space2
+
+        Icon {
+            anchors.verticalCenter: parent.verticalCenter
+            visible: button.glyph !== ""
+            glyph: button.glyph === "" ? "close" : button.glyph
+            size: 18
+            color: button.ink
+        }
+        Label {
+            anchors.verticalCenter: parent.verticalCenter
+            visible: !button.iconOnly
+            look: Theme.small
+            weight: Font.DemiBold
+            text: button.text
+            color: button.ink
+        }
+    }
+}
