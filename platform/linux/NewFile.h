@@ -10,4 +10,8 @@ namespace nookwise {
 /// durable: the bytes reach the disk when the system sees fit.
 bool writeNewFile(int folder, const char* name, std::string_view contents);
 
+/// Whether a process was killed while it wrote `name` with `writeNewFile`. Never true where the
+/// file system keeps no permissions.
+bool isUnfinishedFile(int folder, const char* name);
+
 }  // namespace nookwise

@@ -24,8 +24,6 @@ namespace {
 constexpr int numberedNames = 5;
 constexpr int mostNames = 100;
 
-constexpr std::string_view unfinishedInfoPrefix = ".nookwise-";
-
 // The longest path, escaped, and the other lines; those of other programs are not read at all.
 constexpr std::size_t longestInfo = 1024 * 1024;
 
@@ -78,25 +76,21 @@ std::optional<TrashFolder> TrashFolder::open(ResolvedFolder folder, FileUrl url,
 // Nothing waits for the disk here. After a power failure the description may be missing or empty
 // and the file still in its old place or in the Trash, but the file's own bytes were not touched.
 std::optional<std::string> TrashFolder::put(const Item& item, std::string_view run) const {
-    // Under a name of its own until it is whole: an empty description would be nobody's.
-    auto info = std::string(unfinishedInfoPrefix) + Uuid::random().text();
-    const auto text = trashInfo(item.recordedPath, localTime(), run);
-    if (!writeNewFile(info_.get(), info.c_str(), text)) return std::nullopt;
+    const auto info = trashInfo(item.recordedPath, localTime(), run);
     for (int attempt = 0; attempt < mostNames; ++attempt) {
         auto name = nameInTrash(item.name, suffixOf(attempt));
         // The description comes first and reserves the name.
-        if (renameNoReplace(info_.get(), info.c_str(), info_.get(), infoName(name).c_str())) {
-            info = infoName(name);
+        if (writeNewFile(info_.get(), infoName(name).c_str(), info)) {
             if (renameNoReplace(item.folder, item.name.c_str(), files_.get(), name.c_str())) {
                 recordSizeOfFolder(name);
                 return name;
             }
+            const int reason = errno;
+            removeInfo(name);
+            errno = reason;
         }
-        if (errno != EEXIST) break;
+        if (errno != EEXIST) return std::nullopt;
     }
-    const int reason = errno;
-    ::unlinkat(info_.get(), info.c_str(), 0);
-    errno = reason;
     return std::nullopt;
 }
 
@@ -114,9 +108,13 @@ bool TrashFolder::isTaken(const std::string& name) const {
     return statBelow(files_.get(), name.c_str(), status) || errno != ENOENT;
 }
 
+void TrashFolder::removeInfo(const std::string& name) const {
+    ::unlinkat(info_.get(), infoName(name).c_str(), 0);
+}
+
 void TrashFolder::forget(const std::string& name) const {
     if (isTaken(name)) return;
-    ::unlinkat(info_.get(), infoName(name).c_str(), 0);
+    removeInfo(name);
     forgetDirectorySize(trash_.folder.get(), files_.get(), name);
 }
 
@@ -130,10 +128,10 @@ void TrashFolder::removeLeftovers(std::string_view run) const {
 }
 
 bool TrashFolder::isLeftover(std::string_view fileInInfo, std::string_view run) const {
-    if (!fileInInfo.ends_with(trashInfoExtension))
-        return fileInInfo.starts_with(unfinishedInfoPrefix);
+    if (!fileInInfo.ends_with(trashInfoExtension)) return false;
     const auto name = fileInInfo.substr(0, fileInInfo.size() - trashInfoExtension.size());
     if (isTaken(std::string(name))) return false;
+    if (isUnfinishedFile(info_.get(), std::string(fileInInfo).c_str())) return true;
     const auto info = readSmallFile(info_.get(), fileInInfo, longestInfo);
     const auto writer = info ? runInTrashInfo(*info) : std::string_view();
     return !writer.empty() && writer != run;

@@ -49,6 +49,7 @@ class TrashFolder {
 
     bool isTaken(const std::string& name) const;
     void recordSizeOfFolder(const std::string& name) const;
+    void removeInfo(const std::string& name) const;
     bool isLeftover(std::string_view fileInInfo, std::string_view run) const;
 
     ResolvedFolder trash_;

@@ -59,12 +59,22 @@ TEST_F(TrashLeftovers, areNotWhatOtherProgramsOrThisRunWrote) {
 }
 
 TEST_F(TrashLeftovers, areDescriptionsThatWereNotFinished) {
-    writeInfo(".nookwise-1F", "[Trash In");
-    writeInfo(".nookwise-2F", "");
-    writeInfo(".nookwise-3F.trashinfo", "");
-    writeInfo("nookwise-4F", "");
+    const auto mark = [&](const std::string& name) {
+        ::chmod(home.folder.path("data/Trash/info/" + name).c_str(), 01600);
+    };
+    writeInfo("empty.trashinfo", "");
+    writeInfo("torn.trashinfo", "[Trash In");
+    writeInfo("came.trashinfo", "[Trash In");
+    home.folder.write("data/Trash/files/came", "");
+    writeInfo("no description", "");
+    home.folder.makeFolder("data/Trash/info/folder.trashinfo");
+    for (const auto* name : {"empty.trashinfo", "torn.trashinfo", "came.trashinfo",
+                             "no description", "folder.trashinfo"})
+        mark(name);
+    writeInfo("theirs.trashinfo", "");
     home.trash.removeLeftovers();
-    EXPECT_THAT(home.infos(), ElementsAre(".nookwise-3F.trashinfo", "nookwise-4F"));
+    EXPECT_THAT(home.infos(), ElementsAre("came.trashinfo", "folder.trashinfo", "no description",
+                                          "theirs.trashinfo"));
 }
 
 TEST_F(TrashLeftovers, areNeverFoundThroughLinksOrInWhatIsNoFile) {
