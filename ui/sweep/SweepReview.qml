@@ -8,7 +8,6 @@ Item {
     required property Frame frame
     required property SweepModel sweep
     required property string hint
-    readonly property bool listHoldsFocus: list.activeFocus
 
     function focusList(byKey: bool) {
         list.takeFocus(byKey)
