@@ -30,7 +30,8 @@ Relocation wayBack(const ActivityEntry& entry) {
 
 void AppStore::record(ActivityEntry entry) {
     activity.mutate([&](std::vector<ActivityEntry>& entries) {
-        entries.insert(entries.begin(), std::move(entry));
+        entries.push_back(std::move(entry));
+        std::ranges::rotate(entries, entries.end() - 1);
         return true;
     });
     activityStore_.save(activity.get());
