@@ -1,6 +1,7 @@
 #include "platform/linux/DurableFile.h"
 
 #include "platform/linux/OpenAt.h"
+#include "platform/linux/WriteAll.h"
 
 #include <cerrno>
 
@@ -8,18 +9,6 @@
 #include <unistd.h>
 
 namespace nookwise {
-namespace {
-
-bool writeAll(int file, std::string_view contents) {
-    while (!contents.empty()) {
-        const auto count = ::write(file, contents.data(), contents.size());
-        if (count < 0 && errno != EINTR) return false;
-        if (count > 0) contents.remove_prefix(static_cast<std::size_t>(count));
-    }
-    return true;
-}
-
-}  // namespace
 
 bool writeDurableFile(int folder, const char* name, std::string_view contents) {
     const FileDescriptor file(

@@ -1,6 +1,7 @@
 #include "platform/linux/LinuxFileManager.h"
 
 #include "platform/linux/Enumeration.h"
+#include "platform/linux/Failure.h"
 #include "platform/linux/FolderEntries.h"
 #include "platform/linux/OpenAt.h"
 
@@ -16,10 +17,6 @@
 
 namespace nookwise {
 namespace {
-
-FileError failure(const FileUrl& url, std::string operation, int code = errno) {
-    return {.code = {code, std::generic_category()}, .url = url, .operation = std::move(operation)};
-}
 
 double seconds(const timespec& time) {
     return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_nsec) * 1e-9;

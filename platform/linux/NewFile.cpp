@@ -1,6 +1,7 @@
 #include "platform/linux/NewFile.h"
 
 #include "platform/linux/OpenAt.h"
+#include "platform/linux/WriteAll.h"
 
 #include <cerrno>
 #include <utility>
@@ -16,15 +17,6 @@ constexpr mode_t finished = 0600;
 // The sticky bit means nothing on a file, so that nobody else sets it. A temporary name would mark
 // it as well, but trashing took a third longer with one.
 constexpr mode_t unfinished = finished | S_ISVTX;
-
-bool writeAll(int file, std::string_view contents) {
-    while (!contents.empty()) {
-        const auto count = ::write(file, contents.data(), contents.size());
-        if (count < 0 && errno != EINTR) return false;
-        if (count > 0) contents.remove_prefix(static_cast<std::size_t>(count));
-    }
-    return true;
-}
 
 bool finish(FileDescriptor file) {
     // Fails where there are no permissions, and then there was nothing to change.

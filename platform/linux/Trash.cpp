@@ -1,6 +1,7 @@
 #include "platform/linux/Trash.h"
 
 #include "platform/Uuid.h"
+#include "platform/linux/Failure.h"
 #include "platform/linux/MountPoint.h"
 #include "platform/linux/ResolvedFolder.h"
 #include "platform/linux/VolumeTrash.h"
@@ -22,10 +23,6 @@ struct Source {
     /// The parent's path without links, and the name.
     FileUrl real;
 };
-
-FileError failure(const FileUrl& url, int reason = errno) {
-    return {.code = {reason, std::generic_category()}, .url = url, .operation = "trash"};
-}
 
 bool namesAFile(const FileUrl& url) {
     const auto name = url.lastPathComponent();
@@ -55,12 +52,12 @@ FileDescriptor folderAbove(FileUrl url) {
 Result<FileUrl> put(const TrashFolder& trash, const Source& source, std::string_view recordedPath,
                     std::string_view run) {
     if (source.real.isWithin(trash.realUrl()) || trash.realUrl().isWithin(source.real))
-        return failure(source.url, EINVAL);
+        return failure(source.url, "trash", EINVAL);
     const auto name = trash.put({.folder = source.parent.folder.get(),
                                  .name = std::string(source.url.lastPathComponent()),
                                  .recordedPath = recordedPath},
                                 run);
-    if (!name) return failure(source.url);
+    if (!name) return failure(source.url, "trash");
     return trash.url().append("files").append(*name);
 }
 
@@ -68,9 +65,9 @@ Result<FileUrl> put(const TrashFolder& trash, const Source& source, std::string_
 /// stays true wherever the volume is mounted.
 Result<FileUrl> putOnVolume(const Source& source, std::string_view run) {
     const auto top = topDirectoryOf(source.parent);
-    if (!top) return failure(source.url);
+    if (!top) return failure(source.url, "trash");
     const auto trash = volumeTrash(*top, ::geteuid());
-    if (!trash) return failure(source.url);
+    if (!trash) return failure(source.url, "trash");
     auto relative = source.real.path().substr(top->url.path().size());
     if (relative.starts_with('/')) relative.remove_prefix(1);
     return put(*trash, source, relative, run);
@@ -81,14 +78,14 @@ Result<FileUrl> putOnVolume(const Source& source, std::string_view run) {
 Trash::Trash(FileUrl homeTrash) : homeTrash_(std::move(homeTrash)), run_(Uuid::random().text()) {}
 
 Result<FileUrl> Trash::trash(const FileUrl& url) const {
-    if (!namesAFile(url)) return failure(url, EINVAL);
+    if (!namesAFile(url)) return failure(url, "trash", EINVAL);
     auto parent = resolveFolder(url.parentPath());
-    if (!parent) return failure(url);
+    if (!parent) return failure(url, "trash");
     auto real = parent->url.append(url.lastPathComponent());
     const Source source{url, std::move(*parent), std::move(real)};
     // The home Trash may itself be a link, which must stay, or on a volume mounted below.
     if (homeTrash_.isWithin(source.real) || leadsIntoVolumeTrash(source.real, source.parent))
-        return failure(url, EINVAL);
+        return failure(url, "trash", EINVAL);
 
     if (const auto home = homeTrashBeside(source.parent)) {
         // The user knows the path with its links, and they lead to the same place tomorrow.
@@ -96,7 +93,7 @@ Result<FileUrl> Trash::trash(const FileUrl& url) const {
             put(*home, source, (isPlainPath(url.path()) ? url : source.real).path(), run_);
         if (trashed || trashed.error().code != std::errc::cross_device_link) return trashed;
     } else if (errno != EXDEV) {
-        return failure(url);
+        return failure(url, "trash");
     }
     return putOnVolume(source, run_);
 }
