@@ -168,8 +168,9 @@ class FileManager {
                                                    std::string_view contents) = 0;
 
     /// Removes what earlier runs of the application left half done when they were killed, and
-    /// nothing else; this run may be at work meanwhile. To be called while no other run is.
-    virtual void removeLeftovers() = 0;
+    /// nothing else; this run may be at work meanwhile. To be called while no other run is. After a stop request it begins
+    /// nothing further.
+    virtual void removeLeftovers(const std::stop_token& stop) = 0;
 };
 
 }  // namespace nookwise

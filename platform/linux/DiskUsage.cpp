@@ -18,30 +18,34 @@ namespace {
 
 class DiskUsage {
   public:
-    explicit DiskUsage(int folder) : folder_(folder) {
+    DiskUsage(int folder, std::size_t mostEntries) : folder_(folder), entriesLeft_(mostEntries) {
         struct statx status {};
         if (statBelow(folder, ".", status)) add(status);
     }
 
-    std::int64_t sum() {
+    std::optional<std::int64_t> sum() {
         while (!pending_.empty()) {
             const auto relative = std::move(pending_.back());
             pending_.pop_back();
-            addContents(relative);
+            if (!addContents(relative)) return std::nullopt;
         }
         return sum_;
     }
 
   private:
-    void addContents(const std::string& relative) {
+    /// False when there are too many entries.
+    bool addContents(const std::string& relative) {
         const auto opened = openBelow(folder_, relative, O_RDONLY | O_DIRECTORY);
-        if (!opened || !listing_.read(opened.get(), {})) return;
+        if (!opened || !listing_.read(opened.get(), {})) return true;
+        if (listing_.entries().size() > entriesLeft_) return false;
+        entriesLeft_ -= listing_.entries().size();
         for (const auto& entry : listing_.entries()) {
             struct statx status {};
             if (!statBelow(opened.get(), entry.name, status) || !isNew(status)) continue;
             add(status);
             if (S_ISDIR(status.stx_mode)) pending_.push_back(relative + "/" + entry.name);
         }
+        return true;
     }
 
     bool isNew(const struct statx& status) {
@@ -59,6 +63,7 @@ class DiskUsage {
     }
 
     int folder_;
+    std::size_t entriesLeft_;
     FolderEntries listing_;
     std::vector<std::string> pending_{"."};
     std::set<std::tuple<std::uint32_t, std::uint32_t, std::uint64_t>> shared_;
@@ -67,8 +72,8 @@ class DiskUsage {
 
 }  // namespace
 
-std::int64_t diskUsage(int folder) {
-    return DiskUsage(folder).sum();
+std::optional<std::int64_t> diskUsage(int folder, std::size_t mostEntries) {
+    return DiskUsage(folder, mostEntries).sum();
 }
 
 }  // namespace nookwise

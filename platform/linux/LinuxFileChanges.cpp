@@ -6,8 +6,7 @@
 
 namespace nookwise {
 
-LinuxFileManager::LinuxFileManager()
-    : LinuxFileManager(baseFolders(processEnvironment).dataHome) {}
+LinuxFileManager::LinuxFileManager() : LinuxFileManager(baseFolders(processEnvironment).dataHome) {}
 
 LinuxFileManager::LinuxFileManager(const FileUrl& dataHome)
     : ownFolder_(dataHome.append("Nookwise")),
@@ -36,17 +35,13 @@ Result<std::optional<FileUrl>> LinuxFileManager::trash(const FileUrl& url) {
 
 Result<std::monostate> LinuxFileManager::replaceContents(const FileUrl& url,
                                                          std::string_view contents) {
-    const std::lock_guard lock(replacing_);
     return replaceOwnFile(url, contents);
 }
 
-void LinuxFileManager::removeLeftovers() {
-    unfinished_.removeRecorded();
-    {
-        const std::lock_guard lock(replacing_);
-        removeUnfinishedReplacements(ownFolder_);
-    }
-    trash_.removeLeftovers();
+void LinuxFileManager::removeLeftovers(const std::stop_token& stop) {
+    removeUnfinishedReplacements(ownFolder_);
+    trash_.removeLeftovers(stop);
+    if (!stop.stop_requested()) unfinished_.removeRecorded();
 }
 
 }  // namespace nookwise

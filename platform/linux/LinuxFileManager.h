@@ -5,8 +5,6 @@
 #include "platform/linux/Trash.h"
 #include "platform/linux/Unfinished.h"
 
-#include <mutex>
-
 namespace nookwise {
 
 class LinuxFileManager final : public FileManager {
@@ -32,15 +30,12 @@ class LinuxFileManager final : public FileManager {
     Result<std::monostate> copy(const FileUrl& from, const FileUrl& to) override;
     Result<std::optional<FileUrl>> trash(const FileUrl& url) override;
     Result<std::monostate> replaceContents(const FileUrl& url, std::string_view contents) override;
-    void removeLeftovers() override;
+    void removeLeftovers(const std::stop_token& stop) override;
 
   private:
     FileUrl ownFolder_;
     Trash trash_;
     Unfinished unfinished_;
-    /// Held while one of the application's own files is replaced, so that the replacement is not
-    /// taken for a leftover.
-    std::mutex replacing_;
 };
 
 }  // namespace nookwise

@@ -27,10 +27,19 @@ constexpr int mostLinks = 40;
 constexpr std::string_view prefix = ".nookwise-";
 constexpr std::string_view suffix = ".new";
 
-bool isReplacementName(std::string_view name) {
+/// Begins the names that this process gives: another thread of it may be writing one.
+const std::string& runMark() {
+    constexpr std::size_t length = 8;
+    static const std::string mark = randomName().value_or("").substr(0, length);
+    return mark;
+}
+
+/// Whether another process gave the name.
+bool isLeftoverName(std::string_view name) {
     if (!name.starts_with(prefix) || !name.ends_with(suffix)) return false;
     name.remove_prefix(prefix.size());
-    return name.size() > suffix.size() && isRandomName(name.substr(0, name.size() - suffix.size()));
+    return !name.starts_with(runMark()) && name.size() > suffix.size() &&
+           isRandomName(name.substr(0, name.size() - suffix.size()));
 }
 
 /// A file's name in its open folder. The file need not be there.
@@ -81,8 +90,9 @@ bool isReplaceable(const FilePlace& place) {
 }
 
 bool replace(const FilePlace& place, std::string_view contents) {
-    const auto random = randomName();
+    auto random = randomName();
     if (!random) return false;
+    random->replace(0, runMark().size(), runMark());
     const auto temporary = std::string(prefix) + *random + std::string(suffix);
     const int folder = place.folder.get();
     if (!writeDurableFile(folder, temporary.c_str(), contents)) return false;
@@ -97,7 +107,7 @@ bool replace(const FilePlace& place, std::string_view contents) {
 void removeReplacements(int folder, const FolderEntries& listing) {
     for (const auto& entry : listing.entries()) {
         struct stat status {};
-        if (isReplacementName(entry.view()) &&
+        if (isLeftoverName(entry.view()) &&
             ::fstatat(folder, entry.name, &status, AT_SYMLINK_NOFOLLOW) == 0 &&
             S_ISREG(status.st_mode) && status.st_uid == ::geteuid())
             ::unlinkat(folder, entry.name, 0);

@@ -11,7 +11,8 @@ namespace nookwise {
 /// As FileManager::replaceContents.
 Result<std::monostate> replaceOwnFile(const FileUrl& url, std::string_view contents);
 
-/// Removes what killed processes left of unfinished replacements in `folder`.
+/// Removes what killed processes left of unfinished replacements in `folder`. This process may be
+/// replacing files meanwhile.
 void removeUnfinishedReplacements(const FileUrl& folder);
 
 }  // namespace nookwise

@@ -7,6 +7,8 @@
 #include "platform/linux/VolumeTrash.h"
 
 #include <cerrno>
+#include <cstdint>
+#include <ctime>
 #include <utility>
 
 #include <fcntl.h>
@@ -73,9 +75,17 @@ Result<FileUrl> putOnVolume(const Source& source, std::string_view run) {
     return put(*trash, source, relative, run);
 }
 
+std::int64_t fileTimeNow() {
+    timespec now{};
+    ::clock_gettime(CLOCK_REALTIME, &now);
+    constexpr std::int64_t inASecond = 1'000'000'000;
+    return now.tv_sec * inASecond + now.tv_nsec;
+}
+
 }  // namespace
 
-Trash::Trash(FileUrl homeTrash) : homeTrash_(std::move(homeTrash)), run_(Uuid::random().text()) {}
+Trash::Trash(FileUrl homeTrash)
+    : homeTrash_(std::move(homeTrash)), run_{Uuid::random().text(), fileTimeNow()} {}
 
 Result<FileUrl> Trash::trash(const FileUrl& url) const {
     if (!namesAFile(url)) return failure(url, "trash", EINVAL);
@@ -90,12 +100,12 @@ Result<FileUrl> Trash::trash(const FileUrl& url) const {
     if (const auto home = homeTrashBeside(source.parent)) {
         // The user knows the path with its links, and they lead to the same place tomorrow.
         auto trashed =
-            put(*home, source, (isPlainPath(url.path()) ? url : source.real).path(), run_);
+            put(*home, source, (isPlainPath(url.path()) ? url : source.real).path(), run_.mark);
         if (trashed || trashed.error().code != std::errc::cross_device_link) return trashed;
     } else if (errno != EXDEV) {
         return failure(url, "trash");
     }
-    return putOnVolume(source, run_);
+    return putOnVolume(source, run_.mark);
 }
 
 /// None with errno EXDEV where it is on another volume than `folder`.
@@ -127,12 +137,13 @@ void Trash::forget(const FileUrl& inTrash) const {
     if (trash) trash->forget(std::string(inTrash.lastPathComponent()));
 }
 
-void Trash::removeLeftovers() const {
+void Trash::removeLeftovers(const std::stop_token& stop) const {
     if (auto home = resolveFolder(homeTrash_.path())) {
         const auto trash = TrashFolder::open(std::move(*home), homeTrash_, MissingFolders::leave);
         if (trash) trash->removeLeftovers(run_);
     }
     for (const auto& mountPoint : localMountPoints()) {
+        if (stop.stop_requested()) return;
         const auto top = resolveFolder(mountPoint.path());
         if (!top) continue;
         for (const auto open : {sharedVolumeTrash, ownVolumeTrash})

@@ -6,7 +6,7 @@
 #include "platform/linux/TrashFolder.h"
 
 #include <optional>
-#include <string>
+#include <stop_token>
 
 namespace nookwise {
 
@@ -29,15 +29,14 @@ class Trash {
     /// Removes what earlier runs of the application left in the Trashes of all local volumes when
     /// they were killed: the description of a file that never came, an unfinished description or
     /// list of sizes. To be called while no other run is at work.
-    void removeLeftovers() const;
+    void removeLeftovers(const std::stop_token& stop) const;
 
   private:
     std::optional<TrashFolder> homeTrashBeside(const ResolvedFolder& folder) const;
     bool isHomeTrash(const ResolvedFolder& folder) const;
 
     FileUrl homeTrash_;
-    /// Tells this run's descriptions from those of earlier runs.
-    std::string run_;
+    TrashRun run_;
 };
 
 }  // namespace nookwise

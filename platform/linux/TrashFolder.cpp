@@ -24,6 +24,9 @@ namespace {
 constexpr int numberedNames = 5;
 constexpr int mostNames = 100;
 
+// The list of sizes spares others the summing up; the user waits for it meanwhile.
+constexpr std::size_t mostEntriesSummedUp = 10'000;
+
 // The longest path, escaped, and the other lines; those of other programs are not read at all.
 constexpr std::size_t longestInfo = 1024 * 1024;
 
@@ -42,6 +45,11 @@ std::tm localTime() {
     std::tm local{};
     ::localtime_r(&now, &local);
     return local;
+}
+
+std::int64_t nanoseconds(const struct statx_timestamp& time) {
+    constexpr std::int64_t inASecond = 1'000'000'000;
+    return time.tv_sec * inASecond + time.tv_nsec;
 }
 
 }  // namespace
@@ -98,8 +106,10 @@ void TrashFolder::recordSizeOfFolder(const std::string& name) const {
     const auto folder = openBelow(files_.get(), name, O_RDONLY | O_DIRECTORY);
     struct statx info {};
     if (!folder || !statBelow(info_.get(), infoName(name).c_str(), info)) return;
+    const auto bytes = diskUsage(folder.get(), mostEntriesSummedUp);
+    if (!bytes) return;
     recordDirectorySize(trash_.folder.get(), files_.get(), name,
-                        {.bytes = diskUsage(folder.get()), .described = info.stx_mtime.tv_sec});
+                        {.bytes = *bytes, .described = info.stx_mtime.tv_sec});
 }
 
 bool TrashFolder::isTaken(const std::string& name) const {
@@ -118,7 +128,7 @@ void TrashFolder::forget(const std::string& name) const {
     forgetDirectorySize(trash_.folder.get(), files_.get(), name);
 }
 
-void TrashFolder::removeLeftovers(std::string_view run) const {
+void TrashFolder::removeLeftovers(const TrashRun& run) const {
     removeUnfinishedDirectorySizes(trash_.folder.get());
     const auto folder = openBelow(info_.get(), ".", O_RDONLY | O_DIRECTORY);
     FolderEntries listing;
@@ -127,14 +137,19 @@ void TrashFolder::removeLeftovers(std::string_view run) const {
         if (isLeftover(entry.view(), run)) ::unlinkat(info_.get(), entry.name, 0);
 }
 
-bool TrashFolder::isLeftover(std::string_view fileInInfo, std::string_view run) const {
+bool TrashFolder::isLeftover(std::string_view fileInInfo, const TrashRun& run) const {
     if (!fileInInfo.ends_with(trashInfoExtension)) return false;
     const auto name = fileInInfo.substr(0, fileInInfo.size() - trashInfoExtension.size());
-    if (isTaken(std::string(name))) return false;
-    if (isUnfinishedFile(info_.get(), std::string(fileInInfo).c_str())) return true;
+    const std::string file(fileInInfo);
+    struct statx status {};
+    // What was written since may be of a file that is just on its way.
+    if (isTaken(std::string(name)) || !statBelow(info_.get(), file.c_str(), status) ||
+        nanoseconds(status.stx_mtime) > run.started)
+        return false;
+    if (isUnfinishedFile(info_.get(), file.c_str())) return true;
     const auto info = readSmallFile(info_.get(), fileInInfo, longestInfo);
     const auto writer = info ? runInTrashInfo(*info) : std::string_view();
-    return !writer.empty() && writer != run;
+    return !writer.empty() && writer != run.mark;
 }
 
 }  // namespace nookwise

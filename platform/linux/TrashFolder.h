@@ -5,6 +5,7 @@
 #include "platform/linux/OpenAt.h"
 #include "platform/linux/ResolvedFolder.h"
 
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -12,6 +13,14 @@
 namespace nookwise {
 
 enum class MissingFolders { make, leave };
+
+/// Tells what this run writes from what earlier ones left.
+struct TrashRun {
+    /// Stands in its descriptions.
+    std::string mark;
+    /// Nanoseconds since 1970 by the clock that file systems take their times from.
+    std::int64_t started;
+};
 
 /// An open Trash. Names in it are single path components. Where a call fails, errno tells why.
 class TrashFolder {
@@ -36,9 +45,9 @@ class TrashFolder {
     /// Removes the description and the size of what had this name, unless something still has it.
     void forget(const std::string& name) const;
 
-    /// Removes descriptions that other runs than `run` wrote for files that never came, and
-    /// unfinished descriptions and lists of sizes.
-    void removeLeftovers(std::string_view run) const;
+    /// Removes descriptions that other runs than `run` wrote before it started for files that never
+    /// came, and unfinished descriptions and lists of sizes. Both runs may be at work meanwhile.
+    void removeLeftovers(const TrashRun& run) const;
 
     const FileUrl& url() const { return url_; }
     /// Without links on the way.
@@ -50,7 +59,7 @@ class TrashFolder {
     bool isTaken(const std::string& name) const;
     void recordSizeOfFolder(const std::string& name) const;
     void removeInfo(const std::string& name) const;
-    bool isLeftover(std::string_view fileInInfo, std::string_view run) const;
+    bool isLeftover(std::string_view fileInInfo, const TrashRun& run) const;
 
     ResolvedFolder trash_;
     FileUrl url_;

@@ -3,8 +3,10 @@
 #include "tests/support/OrdinaryUser.h"
 #include "tests/support/TemporaryFolder.h"
 
+#include <atomic>
 #include <filesystem>
 #include <string>
+#include <thread>
 
 #include <gtest/gtest.h>
 #include <sys/stat.h>
@@ -147,6 +149,18 @@ TEST(UnfinishedReplacements, ofOtherUsersStay) {
     ASSERT_EQ(::chown(home.path(leftover).c_str(), 1234, 1234), 0);
     removeUnfinishedReplacements(home.url());
     EXPECT_EQ(names(home.path()), leftover);
+}
+
+TEST(UnfinishedReplacements, ofThisProcessAreUnderWayAndStay) {
+    const TemporaryFolder home;
+    std::atomic<bool> isDone = false;
+    std::thread cleaning([&] {
+        while (!isDone) removeUnfinishedReplacements(home.url());
+    });
+    for (int i = 0; i < 300; ++i) EXPECT_TRUE(replaceOwnFile(home.url("log"), std::to_string(i)));
+    isDone = true;
+    cleaning.join();
+    EXPECT_EQ(std::filesystem::file_size(home.path("log")), 3u);
 }
 
 TEST(UnfinishedReplacements, needNoFolder) {

@@ -72,7 +72,7 @@ const std::map<std::string, Command> commands{
     {"recover",
      {2,
       [](auto& files, const auto&) {
-          files.removeLeftovers();
+          files.removeLeftovers({});
           return true;
       }}},
 };

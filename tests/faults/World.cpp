@@ -199,7 +199,7 @@ Everything World::everything() const {
 }
 
 void World::recover() const {
-    LinuxFileManager(FileUrl(dataHome.native())).removeLeftovers();
+    LinuxFileManager(FileUrl(dataHome.native())).removeLeftovers({});
 }
 
 }  // namespace nookwise

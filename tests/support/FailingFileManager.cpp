@@ -102,8 +102,8 @@ Result<std::monostate> FailingFileManager::replaceContents(const FileUrl& url,
     return inner_.replaceContents(url, contents);
 }
 
-void FailingFileManager::removeLeftovers() {
-    if (!isTheFailingOne()) inner_.removeLeftovers();
+void FailingFileManager::removeLeftovers(const std::stop_token& stop) {
+    if (!isTheFailingOne()) inner_.removeLeftovers(stop);
 }
 
 }  // namespace nookwise

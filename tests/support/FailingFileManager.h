@@ -35,7 +35,7 @@ class FailingFileManager : public FileManager {
     Result<std::monostate> copy(const FileUrl& from, const FileUrl& to) override;
     Result<std::optional<FileUrl>> trash(const FileUrl& url) override;
     Result<std::monostate> replaceContents(const FileUrl& url, std::string_view contents) override;
-    void removeLeftovers() override;
+    void removeLeftovers(const std::stop_token& stop) override;
 
   private:
     class Reader;

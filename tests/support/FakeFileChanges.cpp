@@ -121,7 +121,7 @@ Result<std::monostate> FakeFileManager::replaceContents(const FileUrl& url,
     return std::monostate{};
 }
 
-void FakeFileManager::removeLeftovers() {
+void FakeFileManager::removeLeftovers(const std::stop_token&) {
     announce(FakeOperation::Kind::removeLeftovers, FileUrl("/"));
 }
 

@@ -113,7 +113,7 @@ class FakeFileManager : public FileManager {
     Result<std::optional<FileUrl>> trash(const FileUrl& url) override;
     Result<std::monostate> replaceContents(const FileUrl& url, std::string_view contents) override;
     /// Removes nothing: nothing is left over here.
-    void removeLeftovers() override;
+    void removeLeftovers(const std::stop_token& stop) override;
 
   private:
     class Reader;

@@ -173,11 +173,19 @@ TEST(DiskUsage, isWhatTheSystemsOwnToolSays) {
     ASSERT_NE(tool, nullptr);
     long long told = 0;
     ASSERT_EQ(std::fscanf(tool.get(), "%lld", &told), 1);
-    EXPECT_EQ(diskUsage(folder.get()), told);
+    EXPECT_EQ(diskUsage(folder.get(), 1'000), told);
 }
 
 TEST(DiskUsage, countsNothingForWhatCannotBeRead) {
-    EXPECT_EQ(diskUsage(-1), 0);
+    EXPECT_EQ(diskUsage(-1, 1'000), 0);
+}
+
+TEST(DiskUsage, isNotSummedUpOverTooManyEntries) {
+    const TemporaryFolder home;
+    for (int i = 0; i < 10; ++i) home.write("inner/" + std::to_string(i), "x");
+    const FileDescriptor folder(::open(home.path().c_str(), O_RDONLY | O_CLOEXEC));
+    EXPECT_TRUE(diskUsage(folder.get(), 11));
+    EXPECT_FALSE(diskUsage(folder.get(), 10));
 }
 
 }  // namespace

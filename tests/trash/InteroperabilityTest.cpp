@@ -109,10 +109,10 @@ TEST_F(TrashCli, keepsItsOrphansAndLosesWhatWePutBackForIt) {
     const auto file = home.folder.write("file", "bytes");
     ASSERT_EQ(runIn(home.folder, {"trash-put", home.folder.path("file")}).exitCode, 0);
     const auto theirs = home.url.append("files").append("file");
-    home.trash.removeLeftovers();
+    Trash(home.url).removeLeftovers({});
     EXPECT_THAT(home.infos(), ElementsAre("file.trashinfo"));
     fs::rename(fs::path(theirs.path()), fs::path(file.path()));
-    home.trash.removeLeftovers();
+    Trash(home.url).removeLeftovers({});
     EXPECT_THAT(home.infos(), ElementsAre("file.trashinfo"));
     home.trash.forget(theirs);
     EXPECT_THAT(home.infos(), IsEmpty());
@@ -198,7 +198,7 @@ TEST_F(Gio, trashesBesideUs) {
     }
     EXPECT_EQ(home.names().size(), 6U);
     EXPECT_EQ(home.infos().size(), 6U);
-    home.trash.removeLeftovers();
+    Trash(home.url).removeLeftovers({});
     EXPECT_EQ(home.names().size(), 6U);
     EXPECT_EQ(home.infos().size(), 6U);
 }

@@ -39,7 +39,7 @@ TEST_F(TrashLeftovers, areDescriptionsOfEarlierRunsWithoutAFile) {
     writeInfo("linked.trashinfo", ours);
     fs::create_symlink("nowhere", home.folder.path("data/Trash/files/linked"));
     writeInfo("never came.trashinfo", ours);
-    home.trash.removeLeftovers();
+    Trash(home.url).removeLeftovers({});
     EXPECT_THAT(home.infos(), ElementsAre("came.trashinfo", "linked.trashinfo"));
     EXPECT_THAT(home.names(), ElementsAre("came", "linked"));
 }
@@ -50,12 +50,25 @@ TEST_F(TrashLeftovers, areNotWhatOtherProgramsOrThisRunWrote) {
     writeInfo("other name", ours);
     ASSERT_TRUE(home.trash.trash(home.folder.write("file", "bytes")));
     fs::remove(home.folder.path("data/Trash/files/file"));
-    home.trash.removeLeftovers();
+    home.trash.removeLeftovers({});
     EXPECT_THAT(home.infos(),
                 ElementsAre("empty.trashinfo", "file.trashinfo", "other name", "theirs.trashinfo"));
     // To the next run, they are.
-    Trash(home.url).removeLeftovers();
+    Trash(home.url).removeLeftovers({});
     EXPECT_THAT(home.infos(), ElementsAre("empty.trashinfo", "other name", "theirs.trashinfo"));
+}
+
+TEST_F(TrashLeftovers, areNotWhatIsWrittenSinceThisRunBegan) {
+    const Trash nextRun(home.url);
+    writeInfo("another program's run.trashinfo", ours);
+    writeInfo("being written.trashinfo", "[Trash In");
+    ::chmod(home.folder.path("data/Trash/info/being written.trashinfo").c_str(), 01600);
+    const auto soon = fs::file_time_type::clock::now() + std::chrono::seconds(1);
+    for (const auto& name : home.infos())
+        fs::last_write_time(home.folder.path("data/Trash/info/" + name), soon);
+    nextRun.removeLeftovers({});
+    EXPECT_THAT(home.infos(),
+                ElementsAre("another program's run.trashinfo", "being written.trashinfo"));
 }
 
 TEST_F(TrashLeftovers, areDescriptionsThatWereNotFinished) {
@@ -72,7 +85,7 @@ TEST_F(TrashLeftovers, areDescriptionsThatWereNotFinished) {
                              "no description", "folder.trashinfo"})
         mark(name);
     writeInfo("theirs.trashinfo", "");
-    home.trash.removeLeftovers();
+    Trash(home.url).removeLeftovers({});
     EXPECT_THAT(home.infos(), ElementsAre("came.trashinfo", "folder.trashinfo", "no description",
                                           "theirs.trashinfo"));
 }
@@ -85,7 +98,7 @@ TEST_F(TrashLeftovers, areNeverFoundThroughLinksOrInWhatIsNoFile) {
     home.folder.makeFolder("data/Trash/info/folder.trashinfo");
     writeInfo("huge.trashinfo", ours);
     fs::resize_file(home.folder.path("data/Trash/info/huge.trashinfo"), std::uintmax_t{1} << 40U);
-    home.trash.removeLeftovers();
+    Trash(home.url).removeLeftovers({});
     EXPECT_THAT(home.infos(), ElementsAre("folder.trashinfo", "huge.trashinfo", "link.trashinfo",
                                           "pipe.trashinfo"));
     EXPECT_TRUE(isThere(outside));
@@ -97,7 +110,7 @@ TEST_F(TrashLeftovers, areUnfinishedListsOfSizesOfOurOwn) {
         home.folder.write(std::string("data/Trash/") + name, "1 2 a\n");
     home.folder.makeFolder("data/Trash/.directorysizes-nookwise-folder");
     home.folder.write("data/Trash/files/.directorysizes-nookwise-1F", "a user's file");
-    home.trash.removeLeftovers();
+    Trash(home.url).removeLeftovers({});
     EXPECT_THAT(namesIn(home.folder.path("data/Trash")),
                 ElementsAre(".directorysizes", ".directorysizes-nookwise-folder", "directorysizes",
                             "directorysizes-1F", "files", "info"));
@@ -106,10 +119,10 @@ TEST_F(TrashLeftovers, areUnfinishedListsOfSizesOfOurOwn) {
 
 TEST(TrashWithoutFolders, hasNoLeftoversAndIsNotMade) {
     const TrashHome home;
-    home.trash.removeLeftovers();
+    Trash(home.url).removeLeftovers({});
     EXPECT_THAT(namesIn(home.folder.path()), IsEmpty());
     home.folder.write("data/Trash/info/never came.trashinfo", ours);
-    home.trash.removeLeftovers();
+    Trash(home.url).removeLeftovers({});
     EXPECT_THAT(namesIn(home.folder.path("data/Trash")), ElementsAre("info"));
 }
 

@@ -39,7 +39,7 @@ class DatedFileManager final : public FileManager {
     Result<std::monostate> replaceContents(const FileUrl& url, std::string_view contents) override {
         return files_.replaceContents(url, contents);
     }
-    void removeLeftovers() override { files_.removeLeftovers(); }
+    void removeLeftovers(const std::stop_token& stop) override { files_.removeLeftovers(stop); }
 
   private:
     void agree(const FileUrl& url, FileAttributes& attributes) const;
