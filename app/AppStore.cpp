@@ -45,11 +45,14 @@ AppStore::~AppStore() {
     scanStop_.request_stop();
     appsStop_.request_stop();
     transferStop_.request_stop();
+    leftoversStop_.request_stop();
 }
 
 void AppStore::removeLeftovers() {
     platform_.tasks.detach(TaskPriority::utility,
-                           [&files = platform_.files] { files.removeLeftovers(); });
+                           [&files = platform_.files, stop = leftoversStop_.get_token()] {
+                               files.removeLeftovers(stop);
+                           });
 }
 
 void AppStore::loadApps() {

@@ -50,8 +50,6 @@ class AppStore : public std::enable_shared_from_this<AppStore> {
         std::int64_t bytes;
     };
 
-    using Busy = nookwise::Busy;
-
     /// Whether files from the same source are confirmed the next time.
     enum class NextTime { ask, goAhead };
 
@@ -171,7 +169,7 @@ class AppStore : public std::enable_shared_from_this<AppStore> {
     void record(ActivityEntry entry);
     void removeFromResults(const UrlSet& urls);
     void relocate(const Relocation& moved);
-    std::size_t putBackFiles(const ActivityEntry& entry);
+    TrashService::Returned putBackFiles(const ActivityEntry& entry);
     void putBackTrashed(const ActivityEntry& entry);
     void removeCopies(const ActivityEntry& entry);
     void putBackMoved(const ActivityEntry& entry);
@@ -189,6 +187,7 @@ class AppStore : public std::enable_shared_from_this<AppStore> {
     std::stop_source scanStop_{std::nostopstate};
     std::stop_source appsStop_{std::nostopstate};
     std::stop_source transferStop_;
+    std::stop_source leftoversStop_;
     std::unique_ptr<Tasks::Delay> nextDiskRefresh_;
     std::unique_ptr<Tasks::Delay> toastTimer_;
 };

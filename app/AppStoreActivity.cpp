@@ -41,14 +41,13 @@ void AppStore::putBack(const Uuid& entryID) {
     const auto& entries = activity.get();
     const auto found = std::ranges::find(entries, entryID, &ActivityEntry::id);
     if (found == entries.end() || found->restored) return;
-    const auto position = found - entries.begin();
+    // A copy, because the list may change with whatever follows.
+    const ActivityEntry entry = *found;
     // First of all and whatever comes of it: an entry is put back once.
-    activity.mutate([&](std::vector<ActivityEntry>& all) {
+    activity.mutate([position = found - entries.begin()](std::vector<ActivityEntry>& all) {
         return all[static_cast<std::size_t>(position)].restored = true;
     });
     activityStore_.save(activity.get());
-    // A copy, because observers of what follows may change the list.
-    const ActivityEntry entry = activity.get()[static_cast<std::size_t>(position)];
     switch (entry.effectiveKind()) {
         case ActivityEntry::Kind::trash:
             putBackTrashed(entry);
@@ -64,14 +63,14 @@ void AppStore::putBack(const Uuid& entryID) {
     fileOpsVersion.set(fileOpsVersion.get() + 1);
 }
 
-std::size_t AppStore::putBackFiles(const ActivityEntry& entry) {
+TrashService::Returned AppStore::putBackFiles(const ActivityEntry& entry) {
     LongCall call(busy, platform_.clock, entry.moves.size());
     return TrashService::putBack(platform_.files, entry.moves,
                                  [&](std::size_t done) { call.report(done); });
 }
 
 void AppStore::putBackTrashed(const ActivityEntry& entry) {
-    const auto count = putBackFiles(entry);
+    const auto count = putBackFiles(entry).count;
     justCleared.set(std::nullopt);
     refreshDisk();
     showToast("Put back " + countedFiles(count), std::nullopt, ToastLife::passing);
@@ -83,16 +82,21 @@ void AppStore::removeCopies(const ActivityEntry& entry) {
     std::vector<FileItem> copies;
     copies.reserve(entry.moves.size());
     for (const auto& move : entry.moves) copies.push_back({.url = move.inTrash, .size = move.size});
-    (void)trashFiles(copies);
+    UrlSet gone;
+    for (const auto& move : trashFiles(copies).moves) gone.insert(move.original);
+    if (!gone.empty()) removeFromResults(gone);
     showToast("Removed " + counted(copies.size(), "copy", "copies"), std::nullopt,
               ToastLife::passing);
 }
 
 void AppStore::putBackMoved(const ActivityEntry& entry) {
-    const auto count = putBackFiles(entry);
+    const auto returned = putBackFiles(entry);
     relocate(wayBack(entry));
+    // A group that took another file, or none, for its kept copy would offer all of its copies.
+    const UrlSet astray(returned.astray.begin(), returned.astray.end());
+    duplicates.mutate([&](auto& groups) { return removeFrom(groups, astray); });
     const bool isRename = entry.effectiveKind() == ActivityEntry::Kind::rename;
-    showToast(isRename ? "Old names are back" : "Moved " + countedFiles(count) + " back",
+    showToast(isRename ? "Old names are back" : "Moved " + countedFiles(returned.count) + " back",
               std::nullopt, ToastLife::passing);
 }
 

@@ -14,6 +14,12 @@ namespace {
 
 constexpr Seconds recentAge{604'800};  // 7 days
 
+/// Nearly every extension is in lower case as it is.
+std::optional<ShelfKind> shelfOfAnyCase(std::string_view extension) {
+    if (const auto kind = shelfOf(extension)) return kind;
+    return shelfOf(lowercased(extension));
+}
+
 }  // namespace
 
 Library buildLibrary(std::span<const FileItem> files, const FileUrl& downloads,
@@ -27,16 +33,16 @@ Library buildLibrary(std::span<const FileItem> files, const FileUrl& downloads,
         const auto& file = files[i];
         const auto arrival = arrivalDate(file);
         const auto name = file.url.lastPathComponent();
-        const auto extension = lowercased(extensionOf(name));
-        if (const auto kind = shelfOf(extension)) {
-            shelves[static_cast<std::size_t>(*kind)].add(listedDate(file), i);
-        }
+        const auto extension = extensionOf(name);
+        const auto kind = shelfOfAnyCase(extension);
+        if (kind) shelves[static_cast<std::size_t>(*kind)].add(listedDate(file), i);
         if (arrival > cutOff) recent.add(arrival, i);
         const auto parent = file.url.parentPath();
         if (parent == downloads.path() || parent == desktop.path()) justLanded.add(arrival, i);
-        if (isImageExtension(extension) && looksLikeScreenshot(name)) {
+        // Every such image is a picture, which is known already.
+        if (kind == ShelfKind::pictures && looksLikeScreenshot(name) &&
+            isImageExtension(lowercased(extension)))
             screenshots.add(arrival, i);
-        }
     }
     Library library;
     for (const auto kind : allShelfKinds) {

@@ -14,7 +14,9 @@ LongCall::LongCall(Observable<std::optional<Busy>>& busy, const Clock& clock, st
     : busy_(busy), clock_(clock), total_(total), next_(clock.now() + patience) {}
 
 void LongCall::report(std::size_t done) {
-    if (clock_.now() < next_) return;
+    const auto now = clock_.now();
+    // A clock that was set back must not end the reports.
+    if (now < next_ && now > next_ - 2 * patience) return;
     busy_.set(Busy{done, total_});
     // Counted from the end of the painting.
     next_ = clock_.now() + interval;

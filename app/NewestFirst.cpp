@@ -8,9 +8,10 @@
 namespace nookwise {
 namespace {
 
-constexpr int digitBits = 8;
+// Together they tell dates apart that are some milliseconds of a year, or some hours of all time.
+constexpr int digitBits = 11;
+constexpr int passes = 3;
 constexpr std::size_t digits = std::size_t{1} << digitBits;
-constexpr int keyBits = 64;
 /// Below it, counting digits costs more than comparing.
 constexpr std::size_t fewEntries = 500;
 
@@ -30,20 +31,25 @@ void NewestFirst::add(Date date, std::size_t position) {
 }
 
 void NewestFirst::sort() {
-    if (entries_.size() < fewEntries) {
+    if (entries_.size() >= fewEntries) sortByUpperBits();
+    // What the upper bits leave in disorder lies within milliseconds of each other.
+    if (!std::ranges::is_sorted(entries_, {}, &Entry::key))
         std::ranges::stable_sort(entries_, {}, &Entry::key);
-        return;
-    }
+}
+
+void NewestFirst::sortByUpperBits() {
+    std::uint64_t differing = 0;
+    for (const auto& entry : entries_) differing |= entry.key ^ entries_.front().key;
+    const int sortedBits = digitBits * passes;
+    const int lowest = std::max(static_cast<int>(std::bit_width(differing)) - sortedBits, 0);
     std::vector<Entry> sorted(entries_.size());
-    for (int shift = 0; shift < keyBits; shift += digitBits) {
+    for (int shift = lowest; shift < lowest + sortedBits; shift += digitBits) {
         const auto digit = [shift](const Entry& entry) {
             return entry.key >> shift & (digits - 1);
         };
-        std::array<std::size_t, digits> starts{};
+        std::array<std::uint32_t, digits> starts{};
         for (const auto& entry : entries_) ++starts[digit(entry)];
-        // Most dates share their upper digits.
-        if (starts[digit(entries_.front())] == entries_.size()) continue;
-        std::size_t start = 0;
+        std::uint32_t start = 0;
         for (auto& count : starts) start += std::exchange(count, start);
         for (const auto& entry : entries_) sorted[starts[digit(entry)]++] = entry;
         entries_.swap(sorted);

@@ -30,6 +30,7 @@ class NewestFirst {
     };
 
     void sort();
+    void sortByUpperBits();
 
     std::vector<Entry> entries_;
 };

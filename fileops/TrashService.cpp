@@ -5,6 +5,19 @@
 #include <utility>
 
 namespace nookwise {
+namespace {
+
+/// Where the file is now; none when it could not be put back.
+std::optional<FileUrl> putBackOne(FileManager& files, const ActivityEntry::Move& move) {
+    if (!files.exists(move.inTrash)) return std::nullopt;
+    const auto folder = move.original.parent();
+    // Where this fails, so does the move.
+    (void)files.createFolder(folder, FolderAccess::usual);
+    const auto place = [&](const FileUrl& to) { return files.move(move.inTrash, to); };
+    return FileOps::placeFreely(files, move.original.lastPathComponent(), folder, place);
+}
+
+}  // namespace
 
 TrashService::Trashed TrashService::trash(FileManager& files, const std::vector<FileItem>& items,
                                           const BatchProgress& progress) {
@@ -23,20 +36,17 @@ TrashService::Trashed TrashService::trash(FileManager& files, const std::vector<
     return trashed;
 }
 
-std::size_t TrashService::putBack(FileManager& files, const std::vector<ActivityEntry::Move>& moves,
-                                  const BatchProgress& progress) {
-    std::size_t count = 0;
+TrashService::Returned TrashService::putBack(FileManager& files,
+                                             const std::vector<ActivityEntry::Move>& moves,
+                                             const BatchProgress& progress) {
+    Returned returned;
     for (std::size_t i = 0; i < moves.size(); ++i) {
-        const auto& [original, inTrash, size] = moves[i];
         progress(i);
-        if (!files.exists(inTrash)) continue;
-        const auto folder = original.parent();
-        // Where this fails, so does the move.
-        (void)files.createFolder(folder, FolderAccess::usual);
-        const auto move = [&](const FileUrl& to) { return files.move(inTrash, to); };
-        if (FileOps::placeFreely(files, original.lastPathComponent(), folder, move)) ++count;
+        const auto place = putBackOne(files, moves[i]);
+        if (place) ++returned.count;
+        if (place != moves[i].original) returned.astray.push_back(moves[i].original);
     }
-    return count;
+    return returned;
 }
 
 }  // namespace nookwise

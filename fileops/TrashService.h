@@ -22,15 +22,23 @@ class TrashService {
         std::vector<FileUrl> failed;
     };
 
+    struct Returned {
+        /// How many came back.
+        std::size_t count = 0;
+        /// The original places at which the files are not: they came back under other names, or not
+        /// at all.
+        std::vector<FileUrl> astray;
+    };
+
     /// Nothing is checked beforehand: the file system's answer decides.
     static Trashed trash(FileManager& files, const std::vector<FileItem>& items,
                          const BatchProgress& progress);
 
     /// Moves each file from where it is (`inTrash`) to where it was, under the next free name where
     /// that is taken, and makes its folder again where that is gone. What is no longer there, or
-    /// cannot be moved, is skipped. Returns how many came back.
-    static std::size_t putBack(FileManager& files, const std::vector<ActivityEntry::Move>& moves,
-                               const BatchProgress& progress);
+    /// cannot be moved, is skipped.
+    static Returned putBack(FileManager& files, const std::vector<ActivityEntry::Move>& moves,
+                            const BatchProgress& progress);
 };
 
 }  // namespace nookwise

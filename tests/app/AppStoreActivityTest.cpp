@@ -57,6 +57,29 @@ TEST_F(PutBack, ofTrashedFilesIsFollowedByAQuietScan) {
     EXPECT_EQ(store->files.get().front().url, FileUrl("/home/user/Downloads/a"));
 }
 
+TEST_F(PutBack, goesStepByStepInAFixedOrder) {
+    const auto entry = entryOf({move("/home/user/a", "/Trash/a")});
+    store->activity.set({entry});
+    store->justCleared.set(AppStore::JustCleared{PileKind::large, 1});
+    world.files.setVolumeFigures(VolumeFigures{.availableBytes = 50, .totalBytes = 1'000});
+    std::vector<std::string> steps;
+    const std::vector<Subscription> watches = [&] {
+        std::vector<Subscription> all;
+        const auto watch = [&](auto& field, std::string name) {
+            all.push_back(field.observe([&steps, name] { steps.push_back(name); }));
+        };
+        watch(store->activity, "restored");
+        watch(store->justCleared, "just cleared");
+        watch(store->freeBytes, "disk");
+        watch(store->toast, "toast");
+        watch(store->fileOpsVersion, "version");
+        return all;
+    }();
+    store->putBack(entry.id);
+    EXPECT_EQ(steps,
+              (std::vector<std::string>{"restored", "just cleared", "disk", "toast", "version"}));
+}
+
 TEST_F(PutBack, isWrittenDownBeforeAFileIsTouched) {
     const auto entry = entryOf({move("/home/user/a", "/Trash/a")});
     store->activity.set({entry});
@@ -122,6 +145,28 @@ TEST_F(PutBack, ofCopiesSendsThemToTheTrash) {
     EXPECT_EQ(store->fileOpsVersion.get(), 1);
 }
 
+TEST_F(PutBack, ofCopiesTakesThemOutOfEveryList) {
+    const auto entry = entryOf({move("/a", "/folder/a")}, Kind::copy);
+    world.files.addFile("/a");
+    store->activity.set({entry});
+    store->files.set({sized("/a", 1), sized("/folder/a", 1)});
+    store->duplicates.set({{.id = "x",
+                            .files = {sized("/folder/a", 1), sized("/a", 1)},
+                            .keep = FileUrl("/folder/a")}});
+    store->putBack(entry.id);
+    EXPECT_EQ(store->files.get(), std::vector{sized("/a", 1)});
+    EXPECT_TRUE(store->duplicates.get().empty()) << "else the last one would be offered";
+}
+
+TEST_F(PutBack, ofCopiesThatAreGoneChangesNoList) {
+    auto entry = entryOf({move("/a", "/folder/a")}, Kind::copy);
+    store->activity.set({entry});
+    store->files.set({sized("/folder/a", 1)});
+    world.files.remove("/folder/a");
+    store->putBack(entry.id);
+    EXPECT_EQ(store->files.get().size(), 1u) << "the next scan knows better";
+}
+
 TEST_F(PutBack, ofOneCopySaysCopy) {
     const auto entry = entryOf({move("/a", "/folder/a")}, Kind::copy);
     store->activity.set({entry});
@@ -170,6 +215,19 @@ TEST_F(PutBack, namesTheOriginalPlaceAlsoWhereTheFileGotAnotherName) {
     EXPECT_EQ(world.files.contents("/home/old"), "somebody's");
     EXPECT_EQ(world.files.contents("/home/old (2)"), "/home/old");
     EXPECT_EQ(store->files.get().front().url, FileUrl("/home/old"));
+}
+
+TEST_F(PutBack, neverLeavesAGroupThatOffersAllOfItsCopies) {
+    const auto entry = entryOf({move("/home/a", "/folder/a")}, Kind::move);
+    world.files.addFile("/home/a", {.contents = "somebody's"});
+    store->activity.set({entry});
+    store->duplicates.set({{.id = "x",
+                            .files = {sized("/folder/a", 1), sized("/b", 1), sized("/c", 1)},
+                            .keep = FileUrl("/folder/a")}});
+    store->putBack(entry.id);
+    ASSERT_EQ(store->duplicates.get().size(), 1u);
+    EXPECT_EQ(store->duplicates.get().front().keep, FileUrl("/b"));
+    EXPECT_EQ(store->duplicates.get().front().extras(), std::vector{sized("/c", 1)});
 }
 
 TEST_F(PutBack, keepsTheKeptCopyKept) {

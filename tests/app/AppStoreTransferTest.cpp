@@ -80,10 +80,17 @@ TEST_F(Transferring, isRecordedAndSaved) {
 
 TEST_F(Transferring, takesTheResultsAlongWithoutAScan) {
     store->checked.set({a});
-    store->texts.set({{a, SharedBytes("text")}});
+    store->texts.set({{a, SharedBytes("Text")}});
+    store->lowerTexts.set({{a, SharedBytes("text")}});
+    store->sources.set({{a, SharedBytes("Gmail")}});
     store->piles.set({{PileKind::forgotten, {{sized(a.path(), 1), "reason", true}}}});
+    store->duplicates.set({{.id = "x", .files = {sized(a.path(), 1), sized("/b", 1)}, .keep = a}});
     transfer({a});
     const auto there = projects.append("a.txt");
+    EXPECT_TRUE(store->lowerTexts.get().contains(there));
+    EXPECT_TRUE(store->sources.get().contains(there));
+    EXPECT_EQ(store->duplicates.get().front().files.front().url, there);
+    EXPECT_EQ(store->duplicates.get().front().keep, there);
     EXPECT_EQ(listed(),
               (Paths{"/home/user/Documents/Projects/a.txt", "/home/user/Downloads/b.txt"}));
     EXPECT_EQ(store->checked.get(), Ticks{there});
@@ -95,7 +102,19 @@ TEST_F(Transferring, takesTheResultsAlongWithoutAScan) {
 }
 
 TEST_F(Transferring, ofCopiesChangesNoResult) {
+    int changes = 0;
+    std::vector<Subscription> watches;
+    const auto watch = [&](auto& field) { watches.push_back(field.observe([&] { ++changes; })); };
+    watch(store->files);
+    watch(store->piles);
+    watch(store->duplicates);
+    watch(store->checked);
+    watch(store->texts);
+    watch(store->shelves);
+    watch(store->recent);
+    watch(store->justLanded);
     transfer({a}, TransferKind::copy);
+    EXPECT_EQ(changes, 0);
     EXPECT_EQ(listed(), (Paths{"/home/user/Downloads/a.txt", "/home/user/Downloads/b.txt"}));
     EXPECT_EQ(store->activity.get().front().title, "Copied 1 file to Projects");
     EXPECT_EQ(store->activity.get().front().kind, Kind::copy);

@@ -87,7 +87,6 @@ TEST_F(Sweeping, updatesEveryListWithoutAScan) {
     store->lowerTexts.set({{url, SharedBytes("text")}});
     store->sources.set({{url, SharedBytes("Gmail")}});
     store->select(PileKind::screenshots);
-    store->toggle(url);
     store->tickAll();
     sweep(PileKind::screenshots);
     EXPECT_TRUE(store->texts.get().empty());
@@ -100,6 +99,37 @@ TEST_F(Sweeping, updatesEveryListWithoutAScan) {
     for (const auto& file : store->files.get()) EXPECT_NE(file.url, url);
     for (const auto& file : store->justLanded.get()) EXPECT_NE(file.url, url);
     EXPECT_EQ(world.tasks.waitingBackgroundTasks(), 0u);
+}
+
+TEST_F(Sweeping, goesStepByStepInAFixedOrder) {
+    world.files.setVolumeFigures(VolumeFigures{.availableBytes = 150, .totalBytes = 1'000});
+    std::vector<std::string> steps;
+    std::vector<Subscription> watches;
+    const auto watch = [&](auto& field, std::string name) {
+        watches.push_back(field.observe([&steps, name] { steps.push_back(name); }));
+    };
+    watch(store->activity, "activity");
+    watch(store->files, "files");
+    watch(store->justLanded, "library");
+    watch(store->piles, "piles");
+    watch(store->justCleared, "just cleared");
+    watch(store->freeBytes, "disk");
+    watch(store->toast, "toast");
+    world.files.onOperation([&](const FakeOperation& operation) {
+        if (operation.kind == FakeOperation::Kind::trash) steps.emplace_back("trash");
+        if (operation.kind == FakeOperation::Kind::replaceContents) steps.emplace_back("log saved");
+    });
+    sweep(PileKind::forgotten);
+    EXPECT_EQ(steps, (std::vector<std::string>{"trash", "activity", "log saved", "files", "library",
+                                               "piles", "just cleared", "disk", "toast"}));
+}
+
+TEST_F(Sweeping, keepsMoreEntriesInMemoryThanInTheFile) {
+    std::vector<ActivityEntry> many(500, ActivityEntry{.id = Uuid::random(), .title = "older"});
+    store->activity.set(many);
+    sweep(PileKind::forgotten);
+    EXPECT_EQ(store->activity.get().size(), 501u);
+    EXPECT_EQ(launch()->activity.get().size(), 500u);
 }
 
 TEST_F(Sweeping, readsTheDiskFiguresAnew) {
@@ -161,13 +191,17 @@ TEST_F(Sweeping, asksAgainForEverySourceOnceToldSo) {
 TEST_F(Sweeping, thatMovesNothingSaysSoAndChangesNothing) {
     world.files.forbidChanges("/home/user/Downloads");
     world.files.forbidChanges("/home/user/Documents");
+    store->justCleared.set(AppStore::JustCleared{PileKind::screenshots, 7});
+    world.files.setVolumeFigures(VolumeFigures{.availableBytes = 50, .totalBytes = 1'000});
     store->requestTrash({filesOf(PileKind::forgotten).front(), filesOf(PileKind::large).front()},
                         PileKind::forgotten, "Forgotten downloads");
     confirm();
     EXPECT_EQ(message(), "Couldn’t move 2 files to the Trash");
     EXPECT_FALSE(store->toast.get()->entryID);
     EXPECT_TRUE(store->activity.get().empty());
-    EXPECT_FALSE(store->justCleared.get());
+    ASSERT_TRUE(store->justCleared.get());
+    EXPECT_EQ(store->justCleared.get()->pile, PileKind::screenshots);
+    EXPECT_EQ(store->freeBytes.get(), 100) << "the disk is not asked again";
     EXPECT_EQ(filesOf(PileKind::forgotten).size(), 1u);
     EXPECT_FALSE(world.files.exists(FileUrl(log)));
 }

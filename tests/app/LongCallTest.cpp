@@ -47,6 +47,16 @@ TEST_F(LongCallTest, showsHowFarItIsFromTimeToTimeAndEndsWithNothing) {
               (std::vector<std::optional<Busy>>{Busy{10, 100}, Busy{30, 100}, std::nullopt}));
 }
 
+TEST_F(LongCallTest, goesOnShowingWhenTheClockIsSetBack) {
+    LongCall call(busy, clock, 100);
+    wait(-3'600);
+    call.report(1);
+    call.report(2);
+    wait(0.06);
+    call.report(3);
+    EXPECT_EQ(shown, (std::vector<std::optional<Busy>>{Busy{1, 100}, Busy{3, 100}}));
+}
+
 TEST_F(LongCallTest, leavesTimeForTheWorkWhereShowingTakesLong) {
     LongCall call(busy, clock, 100);
     const auto slow = busy.observe([this] { wait(1.0); });

@@ -19,7 +19,7 @@ class TrashServiceTest : public testing::Test {
         return TrashService::trash(files, items, [](std::size_t) {});
     }
     std::size_t putBack(const Moves& moves) {
-        return TrashService::putBack(files, moves, [](std::size_t) {});
+        return TrashService::putBack(files, moves, [](std::size_t) {}).count;
     }
     /// A move of a file that lies in the Trash.
     ActivityEntry::Move trashed(std::string_view original, std::string_view inTrash) {
@@ -107,6 +107,18 @@ TEST_F(TrashServiceTest, putsAFileBackUnderTheNextFreeName) {
     EXPECT_EQ(files.contents("/home/Report (3).pdf"), "/home/Report.pdf");
     EXPECT_EQ(files.contents("/home/Notes (2)"), "/home/Notes");
     EXPECT_EQ(files.contents("/home/Report.pdf"), "new");
+}
+
+TEST_F(TrashServiceTest, tellsWhichFilesAreNotWhereTheyWere) {
+    files.addFile("/home/taken", {.contents = "new"});
+    const auto returned =
+        TrashService::putBack(files,
+                              {trashed("/home/a", "/Trash/a"),
+                               trashed("/home/taken", "/Trash/t"),
+                               {FileUrl("/home/gone"), FileUrl("/Trash/gone"), 1}},
+                              [](std::size_t) {});
+    EXPECT_EQ(returned.count, 2u);
+    EXPECT_EQ(returned.astray, (std::vector{FileUrl("/home/taken"), FileUrl("/home/gone")}));
 }
 
 TEST_F(TrashServiceTest, overwritesNothingThatAppearsAtTheLastMoment) {
