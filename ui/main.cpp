@@ -28,5 +28,8 @@ int main(int argc, char* argv[]) {
     const SystemClock clock;
     IniUserDefaults defaults(userDefaultsFile(base));
     QtTasks tasks;
-    return application->run({files, metadata, folders, workspace, defaults, clock, tasks});
+    const int status =
+        application->run({files, metadata, folders, workspace, defaults, clock, tasks});
+    instance->stopAnswering();
+    return status;
 }

@@ -23,22 +23,19 @@ QString socketName(const FileUrl& socket) {
         QByteArray(socket.path().data(), qsizetype(socket.path().size())));
 }
 
-/// Asks the instance that listens at `socket` to show itself.
+/// Asks the instance that listens at `socket` to show itself. False when none listens.
 bool askToShow(const FileUrl& socket) {
-    // The other one may hold the lock and not listen yet.
-    constexpr int attempts = 40;
-    constexpr unsigned long pause = 50;  // milliseconds
-    constexpr int patience = 1000;       // milliseconds
-    for (int attempt = 0; attempt < attempts; ++attempt) {
-        QLocalSocket other;
-        other.connectToServer(socketName(socket));
-        if (other.waitForConnected(patience)) {
-            other.write(qgetenv(tokenVariable) + '\n');
-            return other.waitForBytesWritten(patience);
-        }
-        QThread::msleep(pause);
-    }
-    return false;
+    constexpr int patience = 1000;  // milliseconds
+    QLocalSocket other;
+    other.connectToServer(socketName(socket));
+    if (!other.waitForConnected(patience)) return false;
+    other.write(qgetenv(tokenVariable) + '\n');
+    return other.waitForBytesWritten(patience);
+}
+
+/// False while another instance holds the lock.
+bool isOurs(const FileDescriptor& lock) {
+    return !lock || ::flock(lock.get(), LOCK_EX | LOCK_NB) == 0 || errno != EWOULDBLOCK;
 }
 
 }  // namespace
@@ -60,12 +57,17 @@ std::unique_ptr<SingleInstance> SingleInstance::claim(const Places& places) {
     const std::string path(places.ownFolder.append("instance.lock").path());
     // The lock ends with the process, however that ends.
     FileDescriptor lock(::open(path.c_str(), O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW, 0600));
-    if (lock && ::flock(lock.get(), LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK) {
-        if (!askToShow(places.socket))
-            std::fputs("nookwise: it is running already, but does not answer.\n", stderr);
-        return nullptr;
+    // The other one may not listen yet, or be about to end.
+    constexpr int attempts = 60;
+    constexpr unsigned long pause = 50;  // milliseconds
+    for (int attempt = 0; attempt < attempts; ++attempt) {
+        if (isOurs(lock))
+            return std::unique_ptr<SingleInstance>(new SingleInstance(std::move(lock), places));
+        if (askToShow(places.socket)) return nullptr;
+        QThread::msleep(pause);
     }
-    return std::unique_ptr<SingleInstance>(new SingleInstance(std::move(lock), places));
+    std::fputs("nookwise: it is running already, but does not answer.\n", stderr);
+    return nullptr;
 }
 
 SingleInstance::SingleInstance(FileDescriptor lock, const Places& places) : lock_(std::move(lock)) {
@@ -92,6 +94,7 @@ void SingleInstance::hear(QLocalSocket& socket) {
     // Without it, a desktop may refuse to bring a window to the front.
     if (!token.isEmpty()) qputenv(tokenVariable, token);
     if (show_) show_();
+    qunsetenv(tokenVariable);
 }
 
 }  // namespace nookwise

@@ -33,6 +33,10 @@ class SingleInstance {
     /// Calls `show` whenever another instance was started.
     void onShow(std::function<void()> show) { show_ = std::move(show); }
 
+    /// For an instance that has no window any more and is about to end: whoever is started from now
+    /// on waits a moment and takes its place.
+    void stopAnswering() { server_.close(); }
+
   private:
     SingleInstance(FileDescriptor lock, const Places& places);
 

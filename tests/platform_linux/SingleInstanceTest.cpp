@@ -4,9 +4,13 @@
 
 #include <QLocalSocket>
 #include <filesystem>
+#include <optional>
+#include <thread>
 
+#include <fcntl.h>
 #include <gtest/gtest.h>
-#include <sys/wait.h>
+#include <sys/file.h>
+#include <unistd.h>
 
 namespace nookwise {
 namespace {
@@ -37,14 +41,31 @@ TEST_F(SingleInstanceTest, turnsTheSecondOneAwayAndIsAskedToShowItself) {
 
 TEST_F(SingleInstanceTest, takesOverTheActivationTokenOfTheSecondOne) {
     const auto first = SingleInstance::claim(places());
-    bool isShown = false;
-    first->onShow([&] { isShown = true; });
+    std::optional<QByteArray> token;
+    first->onShow([&] { token = qgetenv("XDG_ACTIVATION_TOKEN"); });
     qputenv("XDG_ACTIVATION_TOKEN", "token-7");
     EXPECT_FALSE(SingleInstance::claim(places()));
     qunsetenv("XDG_ACTIVATION_TOKEN");
-    runEventsUntil([&] { return isShown; });
-    EXPECT_EQ(qgetenv("XDG_ACTIVATION_TOKEN"), "token-7");
-    qunsetenv("XDG_ACTIVATION_TOKEN");
+    runEventsUntil([&] { return token.has_value(); });
+    EXPECT_EQ(*token, "token-7");
+    EXPECT_TRUE(qgetenv("XDG_ACTIVATION_TOKEN").isEmpty()) << "a token is good for one time";
+}
+
+TEST_F(SingleInstanceTest, takesThePlaceOfOneThatIsAboutToEnd) {
+    home_.write("own/instance.lock", "");
+    const int other = ::open(home_.path("own/instance.lock").c_str(), O_RDWR | O_CLOEXEC);
+    ASSERT_EQ(::flock(other, LOCK_EX | LOCK_NB), 0);
+    std::thread ending([&] { ::close(other); });
+    EXPECT_TRUE(SingleInstance::claim(places()));
+    ending.join();
+}
+
+TEST_F(SingleInstanceTest, answersNobodyAnyMoreWhenToldSo) {
+    const auto first = SingleInstance::claim(places());
+    first->stopAnswering();
+    QLocalSocket another;
+    another.connectToServer(QString::fromStdString(std::string(places().socket.path())));
+    EXPECT_FALSE(another.waitForConnected());
 }
 
 TEST_F(SingleInstanceTest, makesRoomWhenItEnds) {
