@@ -62,6 +62,13 @@ void measure(const fs::path& from, const fs::path& to, LinuxFileManager& files) 
              bench::runQuietly({"sync", to / "moved"});
          },
          prepare},
+        {"cp, sync and rm",
+         [&] {
+             bench::runQuietly({"cp", "-p", source, to / "moved"});
+             bench::runQuietly({"sync", to / "moved"});
+             bench::runQuietly({"rm", source});
+         },
+         prepare},
         {"Nookwise, inside one file system", [&] { move(from / "renamed"); }, prepare}};
     bench::printRatios(
         "1 GB from " + from.string() + " to " + to.string() + ", ratios to cp and sync",

@@ -90,9 +90,9 @@ class Members {
         const auto* value = find(key);
         if (value == nullptr) return spoil(), FileUrl();
         Members members(*value);
-        const auto url = FileUrl::fromUrlString(members.text("relative"));
-        if (!url || !members.isGood()) return spoil(), FileUrl();
-        return *url;
+        auto url = FileUrl::fromUrlString(members.text("relative"));
+        if (!url || !members.isGood()) spoil();
+        return std::move(url).value_or(FileUrl());
     }
 
     /// What `read` makes of a text; none, and spoilt, when it makes nothing of it.

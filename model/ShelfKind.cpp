@@ -22,7 +22,8 @@ constexpr std::array<std::string_view, 10> bundles{"zip", "rar", "7z",  "xip", "
 /// after each action. 0 for a text that is too long.
 std::uint64_t packed(std::string_view text) {
     std::uint64_t number = 0;
-    if (text.size() < sizeof number) std::memcpy(&number, text.data(), text.size());
+    if (!text.empty() && text.size() < sizeof number)
+        std::memcpy(&number, text.data(), text.size());
     return number;
 }
 

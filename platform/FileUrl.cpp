@@ -31,6 +31,7 @@ constexpr std::string_view localHost = "localhost";
 
 /// As rfind, which looks at one byte at a time.
 std::size_t lastSlash(std::string_view path) noexcept {
+    if (path.empty()) return std::string_view::npos;
     const auto* slash = static_cast<const char*>(::memrchr(path.data(), '/', path.size()));
     return slash == nullptr ? std::string_view::npos
                             : static_cast<std::size_t>(slash - path.data());

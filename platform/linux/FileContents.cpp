@@ -15,7 +15,7 @@ namespace {
 
 // How much the kernel is asked to copy at once, so that a process can still be stopped in between.
 constexpr std::int64_t kernelPiece = 128LL << 20U;
-constexpr std::int64_t bufferSize = 1LL << 20U;
+constexpr std::int64_t bufferSize = 256LL << 10U;
 constexpr std::int64_t blockUnit = 512;
 
 class Contents {
