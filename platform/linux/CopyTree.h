@@ -9,7 +9,8 @@ namespace nookwise {
 /// EOPNOTSUPP for sockets and devices.
 bool isCopyable(const Tree& tree);
 
-/// Makes a durable copy of a listed tree, which stands at `from`, under the free name `to`. False
+/// Makes a durable copy of a listed tree, which stands at `from`, under the free name `to`, whose
+/// folder was opened for reading, so that it tells of all that could not be written since. False
 /// with errno set, EBUSY when what is there is no longer what was listed; what was copied so far is
 /// still there then.
 bool copyTree(const Tree& tree, TreePlace from, TreePlace to);

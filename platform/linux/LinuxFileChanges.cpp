@@ -40,8 +40,9 @@ Result<std::monostate> LinuxFileManager::replaceContents(const FileUrl& url,
 
 void LinuxFileManager::removeLeftovers(const std::stop_token& stop) {
     removeUnfinishedReplacements(ownFolder_);
-    trash_.removeLeftovers(stop);
-    if (!stop.stop_requested()) unfinished_.removeRecorded();
+    // What was on its way out of the Trash may go back there, and needs its description then.
+    unfinished_.removeRecorded();
+    if (!stop.stop_requested()) trash_.removeLeftovers(stop);
 }
 
 }  // namespace nookwise

@@ -26,8 +26,15 @@ void removeName(int folder, const char* name, int flags) {
 /// The file has both names for a moment, and neither is ever missing.
 bool linkThenUnlink(int fromFolder, const char* fromName, int toFolder, const char* toName) {
     if (::linkat(fromFolder, fromName, toFolder, toName, 0) != 0) return false;
-    if (::unlinkat(fromFolder, fromName, 0) == 0) return true;
-    removeName(toFolder, toName, 0);
+    // What somebody else took away in between has the new name all the same.
+    if (::unlinkat(fromFolder, fromName, 0) == 0 || errno == ENOENT) return true;
+    const int reason = errno;
+    struct stat source {};
+    struct stat named {};
+    if (::fstatat(fromFolder, fromName, &source, AT_SYMLINK_NOFOLLOW) == 0 &&
+        ::fstatat(toFolder, toName, &named, AT_SYMLINK_NOFOLLOW) == 0 && isSameFile(source, named))
+        ::unlinkat(toFolder, toName, 0);
+    errno = reason;
     return false;
 }
 

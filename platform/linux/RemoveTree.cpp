@@ -1,6 +1,9 @@
 #include "platform/linux/RemoveTree.h"
 
+#include <algorithm>
 #include <cerrno>
+#include <map>
+#include <utility>
 
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -28,15 +31,25 @@ bool removeEntry(int folder, const char* name, bool isFolder) {
     return false;
 }
 
+/// A folder changes as it is emptied, and only an empty one is ever removed. The time of the last
+/// change of a file's state moves when another of its names is removed.
+bool isAsListed(const FileState& listed, const FileState& now) {
+    return listed.isFolder() ? isSameFile(listed, now) : hasSameContents(listed, now);
+}
+
 bool isStillListed(const TreeEntry& entry, int folder, const char* name) {
     FileState now;
     if (!readState(folder, name, now)) return false;
-    // A folder changes as it is emptied, and only an empty one is ever removed. The time of the
-    // last change of a file's state moves when another of its names is removed.
-    const auto isAsBefore = entry.state.isFolder() ? isSameFile : hasSameContents;
-    if (isAsBefore(entry.state, now)) return true;
+    if (isAsListed(entry.state, now)) return true;
     errno = EBUSY;
     return false;
+}
+
+/// The folder that holds the root is not the tree's to open up.
+bool removeIfListed(const TreeEntry& entry, int folder, const char* name, bool isRoot) {
+    if (!isStillListed(entry, folder, name)) return false;
+    const bool isFolder = entry.state.isFolder();
+    return isRoot ? unlinkEntry(folder, name, isFolder) : removeEntry(folder, name, isFolder);
 }
 
 /// A folder of one's own can be opened up; the one that holds the root is not the tree's.
@@ -96,14 +109,23 @@ bool removeListed(const Tree& tree, TreePlace place, std::size_t& removed) {
     TreeFolders folders(tree, place);
     for (std::size_t i = tree.size(); i-- > 0;) {
         const int holding = folders.holding(i);
-        const char* const name = folders.name(i);
-        const bool isFolder = tree[i].state.isFolder();
-        if (holding < 0 || !isStillListed(tree[i], holding, name)) return false;
-        if (!(i == 0 ? unlinkEntry(holding, name, isFolder) : removeEntry(holding, name, isFolder)))
+        if (!(holding >= 0 && removeIfListed(tree[i], holding, folders.name(i), i == 0)) &&
+            errno != ENOENT)
             return false;
         ++removed;
     }
     return true;
+}
+
+bool holdsUnlisted(const Tree& tree, TreePlace place) {
+    Tree left;
+    if (!listTree(place, TreeUse::removing, left)) return false;
+    std::map<std::pair<std::uint64_t, std::uint64_t>, const FileState*> listed;
+    for (const auto& entry : tree) listed[{entry.state.device, entry.state.inode}] = &entry.state;
+    return std::any_of(left.begin(), left.end(), [&](const TreeEntry& entry) {
+        const auto found = listed.find({entry.state.device, entry.state.inode});
+        return found == listed.end() || !isAsListed(*found->second, entry.state);
+    });
 }
 
 }  // namespace nookwise

@@ -16,7 +16,11 @@ bool mayRemove(const Tree& tree, TreePlace place);
 
 /// Removes the entries of a tree, each only while it is still the file that was listed, with the
 /// contents that it had then. Stops at the first one that cannot be removed: false with errno set.
-/// `removed` counts those that are gone.
+/// `removed` counts those that are gone, others' doing included.
 bool removeListed(const Tree& tree, TreePlace place, std::size_t& removed);
+
+/// Whether there is anything that is not the listed tree's, or a file with other contents than it
+/// had then. What cannot be looked at is taken to be as it was. Opens up folders like removeTree.
+bool holdsUnlisted(const Tree& tree, TreePlace place);
 
 }  // namespace nookwise

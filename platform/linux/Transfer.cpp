@@ -78,25 +78,41 @@ bool isInside(int inner, const FileState& folder) {
     return true;
 }
 
-/// Back to the name it had. If that was taken meanwhile, it stays hidden rather than be lost.
+/// Back to the name it had. If that was taken meanwhile, it stays hidden rather than be lost, and
+/// the next start tries again.
 void putBack(int folder, Temporary& hidden, const char* name) {
     keepingReason([&] {
-        if (!renameNoReplace(folder, hidden.name(), folder, name)) hidden.keep();
+        if (!renameNoReplace(folder, hidden.name(), folder, name) &&
+            !hidden.setUse(LeftoverUse::putBack))
+            hidden.keep();
     });
 }
 
-/// Gives the file the temporary name, if it is still as expected. Looked at before and after: what
-/// came in its place in between goes back.
+/// Gives the file the temporary name, if nothing was done to it. Looked at before and after, when
+/// the rename itself has counted as a change: what came in its place in between goes back.
 bool hide(int folder, const char* name, const FileState& expected, Temporary& hidden) {
     FileState now;
     if (!readState(folder, name, now)) return false;
-    if (hasSameContents(expected, now)) {
+    if (isUnchanged(expected, now)) {
         if (!renameNoReplace(folder, name, folder, hidden.name())) return false;
         if (readState(folder, hidden.name(), now) && hasSameContents(expected, now)) return true;
         putBack(folder, hidden, name);
     }
     errno = EBUSY;
     return false;
+}
+
+/// Removes a tree that was hidden. What others wrote into it before it is not removed, but put back
+/// with all that is left. False with errno set while nothing of it is gone.
+bool removeHidden(const Tree& tree, int folder, Temporary& hidden, const char* name) {
+    const TreePlace place{folder, hidden.name()};
+    std::size_t removed = 0;
+    if (isTreeUnchanged(tree, place) && hidden.setUse(LeftoverUse::remove) &&
+        removeListed(tree, place, removed))
+        return true;
+    // What merely resists is removed at the next start.
+    if (removed == 0 || holdsUnlisted(tree, place)) putBack(folder, hidden, name);
+    return removed > 0;
 }
 
 class Transfer {
@@ -146,7 +162,7 @@ class Transfer {
     /// All that can be found out before anything is written.
     std::optional<Temporary> prepare() {
         if (!isDestinationFree() || !to_.openForSyncing()) return std::nullopt;
-        auto temporary = unfinished_.temporaryIn(to_.url().parent(), to_.folder());
+        auto temporary = unfinished_.temporaryForCopy(to_.url(), to_.folder());
         if (!temporary || !listTree(from_.place(), TreeUse::copying, tree_) || !isCopyable(tree_))
             return std::nullopt;
         return temporary;
@@ -169,45 +185,51 @@ class Transfer {
     /// Nothing has the destination's name before the whole copy is durable and the source was seen
     /// to be as it was when copying began.
     bool publish(Temporary& temporary) {
-        if (!copyTree(tree_, from_.place(), {to_.folder(), temporary.name()}) ||
-            !isTreeUnchanged(tree_, from_.place()) ||
-            !readState(to_.folder(), temporary.name(), published_) ||
+        const TreePlace grown{to_.folder(), temporary.name()};
+        if (!copyTree(tree_, from_.place(), grown) || !isTreeUnchanged(tree_, from_.place()) ||
+            !listTree(grown, TreeUse::copying, copy_) ||
             !renameNoReplace(to_.folder(), temporary.name(), to_.folder(), to_.name()))
             return false;
+        noticePublishing();
         if (syncFolder(to_.folder())) return true;
         unpublish(temporary);
         return false;
     }
 
-    /// The copy gets its temporary name again and goes with it.
+    /// The rename was a change of the copy's root, which must not be taken for another's.
+    void noticePublishing() {
+        auto& root = copy_.front().state;
+        FileState now;
+        if (readState(to_.folder(), to_.name(), now) && hasSameContents(root, now)) root = now;
+    }
+
+    /// The copy gets its temporary name again and is removed, but not what others wrote into it.
     void unpublish(Temporary& temporary) const {
-        keepingReason([&] { hide(to_.folder(), to_.name(), published_, temporary); });
+        keepingReason([&] {
+            if (temporary.setUse(LeftoverUse::putBack) &&
+                hide(to_.folder(), to_.name(), copy_.front().state, temporary))
+                removeHidden(copy_, to_.folder(), temporary, to_.name());
+        });
     }
 
     /// The source is taken away with one rename, which succeeds or changes nothing; only what has
     /// left its name is removed. False with errno set while all of the source is at its name.
     bool removeSource() const {
         const auto& root = tree_.front().state;
-        auto hidden = unfinished_.temporaryIn(from_.url().parent(), from_.folder(), root.inode);
-        if (!hidden || !hide(from_.folder(), from_.name(), root, *hidden)) return false;
-        const TreePlace place{from_.folder(), hidden->name()};
-        std::size_t removed = 0;
-        if (isTreeUnchanged(tree_, place) && removeListed(tree_, place, removed)) {
-            syncFolder(from_.folder());
-            return true;
-        }
-        // What was written since it was copied goes back to the source's name. What merely resists
-        // is removed with its temporary name, now or at the next start.
-        const bool isWritten = errno == EBUSY || errno == ENOTEMPTY;
-        if (removed == 0 || isWritten) putBack(from_.folder(), *hidden, from_.name());
-        return removed > 0;
+        auto hidden = unfinished_.temporaryForSource(from_.url(), from_.folder(), root.inode);
+        if (!hidden || !hide(from_.folder(), from_.name(), root, *hidden) ||
+            !removeHidden(tree_, from_.folder(), *hidden, from_.name()))
+            return false;
+        syncFolder(from_.folder());
+        return true;
     }
 
     End from_;
     End to_;
     const Unfinished& unfinished_;
     Tree tree_;
-    FileState published_;
+    /// The whole copy, as it was published.
+    Tree copy_;
 };
 
 }  // namespace

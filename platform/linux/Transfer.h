@@ -15,7 +15,8 @@ namespace nookwise {
 ///
 /// What cannot be removed any more once removing has begun has left the name `from` nevertheless
 /// and goes at the next start. What other programs wrote into it in that moment is not removed but
-/// stands at `from` again, although the move succeeded.
+/// stands at `from` again, although the move succeeded. What they wrote into the copy before the
+/// move failed stays at `to` with the copy.
 Result<std::monostate> moveItem(const FileUrl& from, const FileUrl& to,
                                 const Unfinished& unfinished);
 

@@ -1,12 +1,14 @@
 // What other programs do in between cannot be timed; what they leave can be made beforehand.
 #include "platform/linux/CopyTree.h"
 #include "platform/linux/RemoveTree.h"
-#include "tests/changes/Snapshot.h"
-#include "tests/support/TemporaryFolder.h"
+#include "tests/changes/TransferFixture.h"
 
+#include <atomic>
 #include <filesystem>
+#include <fstream>
 #include <functional>
 #include <string>
+#include <thread>
 
 #include <fcntl.h>
 #include <gtest/gtest.h>
@@ -125,6 +127,27 @@ TEST_F(Race, knowsATreeAgainUnderAnotherName) {
     EXPECT_FALSE(isTreeUnchanged(tree, at("source")));
 }
 
+TEST_F(Race, goesOnWhereOthersRemovedAFile) {
+    const auto tree = listed();
+    fs::remove_all(home.path("source/inner"));
+    std::size_t removed = 0;
+    EXPECT_TRUE(removeListed(tree, at("source"), removed));
+    EXPECT_EQ(removed, tree.size());
+    EXPECT_EQ(names(home.path()), "");
+}
+
+TEST_F(Race, tellsWhatOthersWroteFromWhatIsLeft) {
+    const auto tree = listed();
+    fs::remove(home.path("source/b"));
+    EXPECT_FALSE(holdsUnlisted(tree, at("source")));
+    home.write("source/inner/new", "x");
+    EXPECT_TRUE(holdsUnlisted(tree, at("source")));
+    fs::remove(home.path("source/inner/new"));
+    EXPECT_FALSE(holdsUnlisted(tree, at("source")));
+    fs::resize_file(home.path("source/inner/a"), 1);
+    EXPECT_TRUE(holdsUnlisted(tree, at("source")));
+}
+
 TEST_F(Race, removesAllNamesOfOneFile) {
     fs::create_hard_link(home.path("source/b"), home.path("source/c"));
     const auto tree = listed();
@@ -132,6 +155,37 @@ TEST_F(Race, removesAllNamesOfOneFile) {
     EXPECT_TRUE(removeListed(tree, at("source"), removed));
     EXPECT_EQ(removed, tree.size());
     EXPECT_EQ(names(home.path()), "");
+}
+
+class MoveThatIsWrittenInto : public TransferFixture {
+  protected:
+    void SetUp() override { useGround(Ground::other); }
+};
+
+TEST_F(MoveThatIsWrittenInto, losesNothingInWhicheverMomentThatIs) {
+    for (int i = 0; i < 300; ++i) home.write("folder/sub/" + std::to_string(i), "x");
+    const fs::path copy = target().path("folder");
+    std::atomic<bool> isOver = false;
+    bool isWritten = false;
+    std::thread other([&] {
+        // The copy is there: from now on the move has to find out, or leaves both.
+        while (!fs::exists(copy) && !isOver) std::this_thread::yield();
+        std::ofstream theirs(copy / "sub/theirs");
+        theirs << "precious";
+        theirs.close();
+        isWritten = static_cast<bool>(theirs);
+        std::ofstream(home.path("folder/sub/1")) << "changed meanwhile";
+    });
+    const auto moved = run(Verb::move, home.url("folder"), target().url("folder"));
+    isOver = true;
+    other.join();
+    if (isWritten) {
+        EXPECT_EQ(contents(copy / "sub/theirs"), "precious");
+    }
+    if (!moved) {
+        EXPECT_TRUE(fs::exists(home.path("folder/sub/299")));
+    }
+    EXPECT_TRUE(fs::exists(copy / "sub/299") || fs::exists(home.path("folder/sub/299")));
 }
 
 }  // namespace

@@ -42,7 +42,7 @@ class UnfinishedCopies : public testing::Test {
 };
 
 TEST_F(UnfinishedCopies, areRecordedForTheirOwnerAlone) {
-    const auto temporary = unfinished.temporaryIn(home.url(), folder.get());
+    const auto temporary = unfinished.temporaryForCopy(home.url("final"), folder.get());
     ASSERT_TRUE(temporary);
     EXPECT_EQ(names(home.path()), "");
     EXPECT_EQ(fs::status(own.path("unfinished")).permissions(), fs::perms::owner_all);
@@ -53,7 +53,7 @@ TEST_F(UnfinishedCopies, areRecordedForTheirOwnerAlone) {
 
 TEST_F(UnfinishedCopies, goWithTheirRecordWhenTheyAreGivenUp) {
     {
-        const auto temporary = unfinished.temporaryIn(home.url(), folder.get());
+        const auto temporary = unfinished.temporaryForCopy(home.url("final"), folder.get());
         ASSERT_TRUE(temporary);
         home.write(std::string(temporary->name()) + "/inner/file", "x");
         errno = ENOSPC;
@@ -64,7 +64,7 @@ TEST_F(UnfinishedCopies, goWithTheirRecordWhenTheyAreGivenUp) {
 }
 
 TEST_F(UnfinishedCopies, stayWithoutARecordWhenTheyAreKept) {
-    auto temporary = unfinished.temporaryIn(home.url(), folder.get());
+    auto temporary = unfinished.temporaryForCopy(home.url("final"), folder.get());
     ASSERT_TRUE(temporary);
     const std::string name = temporary->name();
     home.write(name, "x");
@@ -75,7 +75,7 @@ TEST_F(UnfinishedCopies, stayWithoutARecordWhenTheyAreKept) {
 }
 
 TEST_F(UnfinishedCopies, areRemovedOnceWhenTheyAreHandedOn) {
-    auto first = unfinished.temporaryIn(home.url(), folder.get());
+    auto first = unfinished.temporaryForCopy(home.url("final"), folder.get());
     ASSERT_TRUE(first);
     home.write(first->name(), "x");
     {
@@ -96,7 +96,7 @@ TEST_F(UnfinishedCopies, ofAKilledRunAreRemoved) {
 }
 
 TEST_F(UnfinishedCopies, ofThisRunAreUnderWayAndStay) {
-    const auto temporary = unfinished.temporaryIn(home.url(), folder.get());
+    const auto temporary = unfinished.temporaryForCopy(home.url("final"), folder.get());
     ASSERT_TRUE(temporary);
     home.write(temporary->name(), "x");
     unfinished.removeRecorded();
@@ -130,6 +130,93 @@ TEST_F(UnfinishedCopies, areRemovedOnlyWhileTheyAreTheRecordedFile) {
     record(digits, {.url = home.url(part), .inode = inode(part)});
     unfinished.removeRecorded();
     EXPECT_EQ(names(home.path()), "");
+    EXPECT_EQ(records(), "");
+}
+
+class UnfinishedRemovals : public UnfinishedCopies {
+  protected:
+    /// As a killed process leaves it: renamed, and not yet looked at again.
+    void hideAndDie(const std::string& name) const {
+        const Unfinished killed(own.url("unfinished"));
+        auto temporary = killed.temporaryForSource(home.url(name), folder.get(), inode(name));
+        ASSERT_TRUE(temporary);
+        fs::rename(home.path(name), home.path(temporary->name()));
+    }
+};
+
+TEST_F(UnfinishedRemovals, areUndoneWhileNobodyMadeSureThatTheFilesMayGo) {
+    home.write("source/inner/file", "not in the copy");
+    hideAndDie("source");
+    EXPECT_NE(names(home.path()), "source");
+    unfinished.removeRecorded();
+    EXPECT_EQ(names(home.path()), "source");
+    EXPECT_EQ(contents(home.path("source/inner/file")), "not in the copy");
+    EXPECT_EQ(records(), "");
+}
+
+TEST_F(UnfinishedRemovals, waitUntilTheNameIsFreeAgain) {
+    home.write("source", "hidden");
+    hideAndDie("source");
+    home.write("source", "another");
+    const auto before = names(home.path());
+    unfinished.removeRecorded();
+    EXPECT_EQ(names(home.path()), before);
+    EXPECT_EQ(contents(home.path("source")), "another");
+    EXPECT_NE(records(), "");
+    fs::rename(home.path("source"), home.path("elsewhere"));
+    unfinished.removeRecorded();
+    EXPECT_EQ(names(home.path()), "elsewhere source");
+    EXPECT_EQ(contents(home.path("source")), "hidden");
+    EXPECT_EQ(records(), "");
+}
+
+TEST_F(UnfinishedRemovals, areCompletedOnceTheFilesMayGo) {
+    home.write("source/file", "in the copy");
+    {
+        const Unfinished killed(own.url("unfinished"));
+        auto temporary =
+            killed.temporaryForSource(home.url("source"), folder.get(), inode("source"));
+        ASSERT_TRUE(temporary);
+        fs::rename(home.path("source"), home.path(temporary->name()));
+        EXPECT_TRUE(temporary->setUse(LeftoverUse::remove));
+    }
+    EXPECT_NE(names(home.path()), "") << "only what was looked at is removed at once";
+    unfinished.removeRecorded();
+    EXPECT_EQ(names(home.path()), "");
+    EXPECT_EQ(records(), "");
+}
+
+TEST_F(UnfinishedRemovals, keepOneNameOfAFileThatHasBoth) {
+    home.write("source", "x");
+    hideAndDie("source");
+    fs::create_hard_link(home.path(names(home.path())), home.path("source"));
+    unfinished.removeRecorded();
+    EXPECT_EQ(names(home.path()), "source");
+    EXPECT_EQ(records(), "");
+}
+
+TEST_F(UnfinishedRemovals, leaveAnotherFileUnderTheTemporaryName) {
+    home.write(part, "another");
+    record(digits, {.url = home.url(part),
+                    .inode = inode(part) + 1,
+                    .use = LeftoverUse::putBack,
+                    .properName = "source"});
+    unfinished.removeRecorded();
+    EXPECT_EQ(names(home.path()), part);
+    EXPECT_EQ(records(), digits);
+}
+
+TEST_F(UnfinishedCopies, stayRecordedOnceOthersMayHaveWrittenIntoThem) {
+    {
+        auto temporary = unfinished.temporaryForCopy(home.url("final"), folder.get());
+        ASSERT_TRUE(temporary);
+        home.write(std::string(temporary->name()) + "/theirs", "x");
+        EXPECT_TRUE(temporary->setUse(LeftoverUse::putBack));
+    }
+    EXPECT_NE(records(), "");
+    Unfinished(own.url("unfinished")).removeRecorded();
+    EXPECT_EQ(names(home.path()), "final");
+    EXPECT_EQ(contents(home.path("final/theirs")), "x");
     EXPECT_EQ(records(), "");
 }
 
@@ -168,7 +255,7 @@ TEST_F(UnfinishedCopies, needNoFolderWhileThereAreNone) {
 
 TEST_F(UnfinishedCopies, cannotBeginWithoutARecord) {
     own.write("unfinished", "a file in the way");
-    EXPECT_FALSE(unfinished.temporaryIn(home.url(), folder.get()));
+    EXPECT_FALSE(unfinished.temporaryForCopy(home.url("final"), folder.get()));
     EXPECT_EQ(errno, ENOTDIR);
 }
 
@@ -178,6 +265,29 @@ TEST(UnfinishedRecords, areReadBackAsWritten) {
     const UnfinishedRecord one{.url = url, .inode = 18'446'744'073'709'551'615U};
     EXPECT_EQ(decoded(digits, encoded(any)), any);
     EXPECT_EQ(decoded(digits, encoded(one)), one);
+    auto two = one;
+    two.use = LeftoverUse::putBack;
+    two.properName = "\xff\n";
+    EXPECT_EQ(decoded(digits, encoded(two)), two);
+}
+
+TEST(UnfinishedRecords, getAnotherUseByTheirFirstByteAlone) {
+    UnfinishedRecord record{
+        .url = FileUrl("/a/" + part), .inode = 7, .use = LeftoverUse::putBack, .properName = "b"};
+    auto text = encoded(record);
+    text.front() = useMark(LeftoverUse::remove);
+    record.use = LeftoverUse::remove;
+    EXPECT_EQ(decoded(digits, text), record);
+}
+
+TEST(UnfinishedRecords, putNothingBackOutsideTheFolder) {
+    for (const auto* const name : {"", ".", "..", "../a", "/a"}) {
+        const UnfinishedRecord record{.url = FileUrl("/a/" + part),
+                                      .inode = 7,
+                                      .use = LeftoverUse::putBack,
+                                      .properName = name};
+        EXPECT_FALSE(decoded(digits, encoded(record))) << name;
+    }
 }
 
 TEST(UnfinishedRecords, areNothingWhenCutShortOrOfAnotherName) {

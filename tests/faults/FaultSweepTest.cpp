@@ -35,9 +35,10 @@ Tally& tally() {
 [[maybe_unused]] const auto& registeredBeforeAllTests = tally();
 
 /// Calls that use up space, and those that only find out then that none was left.
-const std::set<std::string> needSpace{
-    "copy_file_range", "fsetxattr", "fsync",    "ftruncate", "linkat",    "mkdir",     "mkdirat",
-    "mknodat",         "openat",    "pwrite64", "renameat",  "renameat2", "symlinkat", "write"};
+const std::set<std::string> needSpace{"copy_file_range", "fsetxattr", "fsync",    "ftruncate",
+                                      "linkat",          "mkdir",     "mkdirat",  "mknodat",
+                                      "openat",          "pwrite64",  "renameat", "renameat2",
+                                      "symlinkat",       "syncfs",    "write"};
 
 /// Calls that may wait, and be interrupted.
 const std::set<std::string> canBeInterrupted{

@@ -28,7 +28,7 @@ using Operation = std::function<bool(LinuxFileManager&, const Arguments&)>;
 bool putBack(LinuxFileManager& files, const Arguments& arguments) {
     const ActivityEntry::Move move{.original = FileUrl(arguments[3]),
                                    .inTrash = FileUrl(arguments[2])};
-    return TrashService::putBack(files, {move}, [](std::size_t) {}) == 1;
+    return TrashService::putBack(files, {move}, [](std::size_t) {}).count == 1;
 }
 
 bool save(LinuxFileManager& files, const Arguments& arguments) {
