@@ -25,6 +25,11 @@ TEST_F(TimesShown, followTheUsersLocale) {
     EXPECT_TRUE(shownTime(october(14, 14, 32)).contains(QStringLiteral("2:32")));
 }
 
+TEST_F(TimesShown, haveNoSecondsWhereThereIsNoLocale) {
+    QLocale::setDefault(QLocale::c());
+    EXPECT_EQ(shownTime(october(14, 9, 5)), QStringLiteral("09:05"));
+}
+
 TEST_F(TimesShown, nameTheLastTwoDays) {
     EXPECT_EQ(shownDay(today, today), QStringLiteral("Today"));
     EXPECT_EQ(shownDay({2026, 10, 13}, today), QStringLiteral("Yesterday"));

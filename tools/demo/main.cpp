@@ -5,6 +5,7 @@
 #include "platform/linux/LinuxMetadata.h"
 #include "platform/linux/LinuxWorkspace.h"
 #include "platform/linux/QtTasks.h"
+#include "platform/linux/SingleInstance.h"
 #include "platform/linux/SystemClock.h"
 #include "tools/demo/DatedFileManager.h"
 #include "tools/demo/DatedMetadata.h"
@@ -19,13 +20,20 @@
 #include <cstdio>
 #include <cstdlib>
 #include <string>
+#include <string_view>
 
 namespace nookwise::demo {
 namespace {
 
-FileUrl folderForDemo() {
+FileUrl folderInCache(std::string_view name) {
     const auto cache = QStandardPaths::writableLocation(QStandardPaths::GenericCacheLocation);
-    return FileUrl(QFile::encodeName(cache).toStdString()).append("nookwise-demo");
+    return FileUrl(QFile::encodeName(cache).toStdString()).append(name);
+}
+
+/// Beside the demo's folder, into which nothing is put before it is known to be the demo's.
+SingleInstance::Places placesOfInstance() {
+    return SingleInstance::places(folderInCache("nookwise-demo-instance"),
+                                  processEnvironment("XDG_RUNTIME_DIR"));
 }
 
 int report(const FileError& error) {
@@ -64,7 +72,10 @@ void announce(const FileUrl& own, const FileUrl& home) {
 }
 
 int run(Application& application) {
-    const auto own = OwnFolder::claim(folderForDemo());
+    const auto instance = SingleInstance::claim(placesOfInstance());
+    if (!instance) return EXIT_SUCCESS;
+    instance->onShow([&] { application.showWindow(); });
+    const auto own = OwnFolder::claim(folderInCache("nookwise-demo"));
     if (!own) return report(own.error());
     const SystemClock clock;
     const auto kept = keptHome(own.value(), clock.now(), makeSampleHome);

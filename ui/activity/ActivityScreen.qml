@@ -8,8 +8,8 @@ ContentScreen {
     required property ActivityModel activity
     required property DiskModel disk
 
-    function takeFocus() {
-        list.forceActiveFocus(Qt.OtherFocusReason)
+    function takeFocus(reason: int) {
+        list.forceActiveFocus(reason)
     }
 
     // What scrolls keeps clear of the window's buttons.

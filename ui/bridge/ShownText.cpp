@@ -43,6 +43,10 @@ QString shownFiles(std::int64_t count) {
     return count == 1 ? QStringLiteral("1 file") : shownCount(count) + QStringLiteral(" files");
 }
 
+QString shownCopies(std::int64_t count) {
+    return count == 1 ? QStringLiteral("1 copy") : shownCount(count) + QStringLiteral(" copies");
+}
+
 QString shownBytes(std::int64_t bytes) {
     return shown(Fmt::bytes(bytes));
 }

@@ -22,6 +22,9 @@ QString shownCount(std::int64_t count);
 /// "1 file", "1,284 files".
 QString shownFiles(std::int64_t count);
 
+/// "1 copy", "2 copies".
+QString shownCopies(std::int64_t count);
+
 /// "8.43 GB".
 QString shownBytes(std::int64_t bytes);
 

@@ -16,7 +16,10 @@ QDateTime localTime(Date date) {
 }
 
 QString shownTime(Date date) {
-    return QLocale().toString(localTime(date).time(), QLocale::ShortFormat);
+    const QTime time = localTime(date).time();
+    // The C locale has seconds even in its short times.
+    if (QLocale().language() == QLocale::C) return time.toString(QStringLiteral("HH:mm"));
+    return QLocale().toString(time, QLocale::ShortFormat);
 }
 
 QString shownDay(QDate day, QDate today) {

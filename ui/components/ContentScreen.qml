@@ -8,5 +8,5 @@ FocusScope {
     property ActionBar bar: null
 
     // Puts the focus on the first thing to work with.
-    function takeFocus() {}
+    function takeFocus(reason: int) {}
 }

@@ -1,9 +1,8 @@
 // A button that is an icon; its name is spoken and shown as a tip.
 import QtQuick
-import QtQuick.Templates as T
 import Nookwise
 
-T.Button {
+PressButton {
     id: button
 
     required property string glyph
@@ -11,10 +10,7 @@ T.Button {
 
     implicitWidth: size
     implicitHeight: size
-    Accessible.role: Accessible.Button
     Accessible.name: text
-    Keys.onReturnPressed: button.clicked()
-    Keys.onEnterPressed: button.clicked()
 
     Rectangle {
         anchors.fill: parent

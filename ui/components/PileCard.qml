@@ -1,9 +1,8 @@
 // A pile to go to: its folder, its size, its name.
 import QtQuick
-import QtQuick.Templates as T
 import Nookwise
 
-T.Button {
+PressButton {
     id: card
 
     required property string name
@@ -22,10 +21,7 @@ T.Button {
 
     implicitHeight: artHeight + texts.implicitHeight + Theme.space3 + 14
     enabled: !scanning
-    Accessible.role: Accessible.Button
     Accessible.name: scanning ? title + ", " + label : title + ", " + size + ", " + label
-    Keys.onReturnPressed: card.clicked()
-    Keys.onEnterPressed: card.clicked()
 
     Rectangle {
         anchors.fill: parent

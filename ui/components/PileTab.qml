@@ -1,9 +1,8 @@
 // A pile in the row of tabs.
 import QtQuick
-import QtQuick.Templates as T
 import Nookwise
 
-T.AbstractButton {
+PressButton {
     id: tab
 
     required property string name
@@ -21,8 +20,6 @@ T.AbstractButton {
     Accessible.name: scanning ? title : title + ", " + size
     Accessible.selectable: true
     Accessible.selected: selected
-    Keys.onReturnPressed: tab.clicked()
-    Keys.onEnterPressed: tab.clicked()
 
     Rectangle {
         anchors.fill: parent

@@ -1,9 +1,8 @@
 // A button whose label names its result.
 import QtQuick
-import QtQuick.Templates as T
 import Nookwise
 
-T.Button {
+PressButton {
     id: button
 
     enum Kind { Primary, Secondary, Quiet }
@@ -21,7 +20,7 @@ T.Button {
     readonly property color inkColor: !enabled ? Theme.disabledText : primary ? Theme.accentInk : quiet ? Theme.accent : Theme.ink
     readonly property color fillColor: {
         if (!enabled)
-            return Theme.disabledFill
+            return quiet ? "transparent" : Theme.disabledFill
         if (primary)
             return down ? Theme.accentPress : hovered ? Theme.accentHover : Theme.accent
         if (quiet)
@@ -33,10 +32,7 @@ T.Button {
     implicitWidth: Math.ceil(content.implicitWidth) + leftPadding + rightPadding
     horizontalPadding: quiet ? Theme.space2 : big ? 22 : size >= 40 ? 18 : 13
     spacing: Theme.space2
-    Accessible.role: Accessible.Button
     Accessible.name: text
-    Keys.onReturnPressed: button.clicked()
-    Keys.onEnterPressed: button.clicked()
 
     Rectangle {
         anchors.fill: parent

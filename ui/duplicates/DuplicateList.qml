@@ -65,6 +65,14 @@ ListView {
         forceActiveFocus(Qt.MouseFocusReason)
     }
 
+    // The next group's button slides to where this one's was.
+    PressGuard {
+        id: unmeant
+
+        parent: list
+        z: 1
+    }
+
     // Lines came or went: stay on one that holds copies.
     onCountChanged: if (activeFocus && count > 0) step(0)
     onActiveFocusChanged: {
@@ -94,10 +102,10 @@ ListView {
             step(count)
         else if (event.key === Qt.Key_Space || event.key === Qt.Key_Return || event.key === Qt.Key_Enter)
             duplicates.keep(currentIndex, currentCopy)
-        else if (event.key === Qt.Key_Delete)
-            duplicates.trashExtras(currentIndex)
-        else
+        else if (event.key !== Qt.Key_Delete)
             return
+        else if (!event.isAutoRepeat)
+            duplicates.trashExtras(currentIndex)
         event.accepted = true
     }
     delegate: DuplicateRow {
@@ -108,7 +116,10 @@ ListView {
             list.point(index, copy)
             list.duplicates.keep(index, copy)
         }
-        onTrashed: list.duplicates.trashExtras(index)
+        onTrashed: {
+            unmeant.start()
+            list.duplicates.trashExtras(index)
+        }
         markedCopy: ListView.isCurrentItem && list.activeFocus && !list.pointed ? list.currentCopy : -1
     }
 }

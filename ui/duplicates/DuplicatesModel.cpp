@@ -27,11 +27,8 @@ QString DuplicatesModel::totalText() const {
 }
 
 QString DuplicatesModel::countText() const {
-    const std::int64_t copies = piles_.duplicateCopies();
     const auto groups = static_cast<std::int64_t>(store_.duplicates.get().size());
-    return shownCount(copies) +
-           (copies == 1 ? QStringLiteral(" copy in ") : QStringLiteral(" copies in ")) +
-           shownCount(groups) +
+    return shownCopies(piles_.duplicateCopies()) + QStringLiteral(" in ") + shownCount(groups) +
            (groups == 1 ? QStringLiteral(" group") : QStringLiteral(" groups"));
 }
 

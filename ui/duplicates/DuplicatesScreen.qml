@@ -14,17 +14,19 @@ ContentScreen {
 
     bar: actions.visible ? actions : null
 
-    function takeFocus() {
-        tabs.focusSelected(Qt.OtherFocusReason)
+    function takeFocus(reason: int) {
+        tabs.focusSelected(reason)
     }
 
     // The last group took the focus with it.
     function followFocus() {
         if (empty && activeFocus && (list.activeFocus || trash.activeFocus || Window.activeFocusItem === screen))
-            takeFocus()
+            takeFocus(Qt.OtherFocusReason)
     }
 
     onEmptyChanged: if (empty) settled.restart()
+    // Back from the question.
+    onActiveFocusChanged: if (activeFocus && empty) settled.restart()
 
     // By then every binding knows what is left.
     Timer {
@@ -70,6 +72,7 @@ ContentScreen {
         anchors.fill: content
         anchors.topMargin: Theme.space4
         visible: !screen.scan.scanning && !screen.empty
+        enabled: visible
         frame: screen.frame
         duplicates: screen.duplicates
     }
@@ -82,6 +85,7 @@ ContentScreen {
     EmptyState {
         anchors.fill: content
         visible: screen.empty
+        enabled: visible
         picture: "nook-one-of-everything"
         title: "One of everything"
         sentence: "No copies across Desktop, Documents and Downloads."
@@ -99,6 +103,7 @@ ContentScreen {
         anchors.bottom: parent.bottom
         width: parent.width
         visible: !screen.empty && !screen.scan.scanning
+        enabled: visible
         frame: screen.frame
         sentence: screen.duplicates.comesBackText
         caption: "One copy of every file stays where it is"

@@ -14,8 +14,8 @@ Item {
     // Room below, beside that which separates the cards from one another.
     implicitHeight: texts.height + (frame.narrow ? Theme.space1 : Theme.space2)
 
-    function takeFocus() {
-        action.forceActiveFocus(Qt.OtherFocusReason)
+    function takeFocus(reason: int) {
+        action.forceActiveFocus(reason)
     }
 
     ProgressLine {

@@ -14,15 +14,15 @@ ContentScreen {
     readonly property bool firstScan: scan.first
     readonly property int gap: frame.narrow ? Theme.space3 : Theme.space4
 
-    function takeFocus() {
+    function takeFocus(reason: int) {
         if (firstScan)
-            page.forceActiveFocus(Qt.OtherFocusReason)
+            page.forceActiveFocus(reason)
         else
-            headline.takeFocus()
+            headline.takeFocus(reason)
     }
 
     // What had the focus while there was nothing else hands it on.
-    onFirstScanChanged: if (page.activeFocus) takeFocus()
+    onFirstScanChanged: if (page.activeFocus) takeFocus(Qt.OtherFocusReason)
 
     Flickable {
         id: page

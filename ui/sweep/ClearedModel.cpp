@@ -9,9 +9,7 @@ namespace {
 
 /// The cards tell piles apart by what lies in them and by how much it is.
 QString countText(const PileFigures& pile) {
-    if (pile.kind != PileKind::duplicates) return shownFiles(pile.count);
-    return pile.count == 1 ? QStringLiteral("1 copy")
-                           : shownCount(pile.count) + QStringLiteral(" copies");
+    return pile.kind == PileKind::duplicates ? shownCopies(pile.count) : shownFiles(pile.count);
 }
 
 }  // namespace

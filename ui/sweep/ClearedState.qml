@@ -15,6 +15,13 @@ Item {
         (last ? home : next).forceActiveFocus(reason)
     }
 
+    onVisibleChanged: if (visible) unmeant.start()
+
+    PressGuard {
+        id: unmeant
+
+        z: 1
+    }
     Column {
         anchors.horizontalCenter: parent.horizontalCenter
         // Optically in the middle.

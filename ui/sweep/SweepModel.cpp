@@ -26,6 +26,7 @@ SweepModel::SweepModel(AppStore& store, const FileUrl& home, PilesModel& piles)
               {"ticked", [](const Block& block) { return block.ticked; }}}) {
     subscriptions_.push_back(store.piles.observe([this] { reload(); }));
     subscriptions_.push_back(store.selectedPile.observe([this] { showPile(); }));
+    subscriptions_.push_back(store.phase.observe([this] { emit ticksChanged(); }));
     subscriptions_.push_back(store.checked.observe([this] { checkedChanged(); }));
     connect(&piles, &PilesModel::changed, this, &SweepModel::largestChanged);
     showPile();
@@ -86,9 +87,15 @@ QString SweepModel::staysText() const {
 }
 
 QString SweepModel::trashText() const {
-    const QString sum =
-        canTrash() ? QStringLiteral(" · ") + shownBytes(ticked_.tickedBytes()) : QString();
-    return QStringLiteral("Trash selected (") + shownCount(ticked_.tickedCount()) + sum + u')';
+    const QString selected = canTrash()
+                                 ? shownCount(ticked_.tickedCount()) + QStringLiteral(" · ") +
+                                       shownBytes(ticked_.tickedBytes())
+                                 : shownCount(0);
+    return QStringLiteral("Trash selected (") + selected + u')';
+}
+
+bool SweepModel::canTrash() const {
+    return ticked_.tickedCount() > 0 && store_.phase.get() != AppStore::Phase::scanning;
 }
 
 double SweepModel::stripShare() const {

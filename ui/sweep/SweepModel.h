@@ -30,8 +30,9 @@ class SweepModel : public QObject {
     Q_PROPERTY(QString comesBackText READ comesBackText NOTIFY ticksChanged)
     /// Empty when nothing stays.
     Q_PROPERTY(QString staysText READ staysText NOTIFY ticksChanged)
-    /// "Trash selected (118 · 7.96 GB)".
+    /// "Trash selected (118 · 7.96 GB)"; "Trash selected (0)" while nothing can be trashed.
     Q_PROPERTY(QString trashText READ trashText NOTIFY ticksChanged)
+    /// Something is ticked, and no scan runs.
     Q_PROPERTY(bool canTrash READ canTrash NOTIFY ticksChanged)
     Q_PROPERTY(QAbstractListModel* rows READ rows CONSTANT)
     /// The largest files: row, name (without extension), where its part of the strip begins and
@@ -61,7 +62,7 @@ class SweepModel : public QObject {
     QString comesBackText() const;
     QString staysText() const;
     QString trashText() const;
-    bool canTrash() const { return ticked_.tickedCount() > 0; }
+    bool canTrash() const;
     QAbstractListModel* rows() { return &rows_; }
     QAbstractListModel* strip() { return &strip_; }
     double stripShare() const;

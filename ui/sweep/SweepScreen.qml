@@ -23,11 +23,11 @@ ContentScreen {
 
     bar: actions.visible ? actions : null
 
-    function takeFocus() {
+    function takeFocus(reason: int) {
         if (justCleared)
-            next.takeFocus(byKey ? Qt.TabFocusReason : Qt.OtherFocusReason)
+            next.takeFocus(reason)
         else
-            tabs.focusSelected(Qt.OtherFocusReason)
+            tabs.focusSelected(reason)
     }
 
     function trashTicked(withKey: bool) {
@@ -42,7 +42,7 @@ ContentScreen {
     // Where to go on when files have gone, or what had the focus has: the next row, or what the
     // emptied pile leads to.
     function followRows() {
-        if (!activeFocus)
+        if (!activeFocus || scan.scanning)
             return
         const lost = Window.activeFocusItem === screen
         const gone = asked && rowsWent
@@ -50,9 +50,9 @@ ContentScreen {
         if (!lost && !gone)
             return
         if (review.visible)
-            review.focusList(byKey)
+            review.focusList(byKey || !gone)
         else
-            takeFocus()
+            takeFocus(byKey || !gone ? Qt.TabFocusReason : Qt.OtherFocusReason)
     }
 
     // Back from the question.
@@ -100,6 +100,7 @@ ContentScreen {
     SweepScanning {
         anchors.fill: content
         visible: screen.scan.scanning
+        enabled: visible
         frame: screen.frame
         sweep: screen.sweep
         scan: screen.scan
@@ -109,12 +110,14 @@ ContentScreen {
 
         anchors.fill: content
         visible: screen.justCleared
+        enabled: visible
         frame: screen.frame
         cleared: screen.cleared
     }
     EmptyState {
         anchors.fill: content
         visible: screen.empty
+        enabled: visible
         picture: "nook-empty-shelf"
         title: screen.sweep.title
         sentence: screen.sweep.emptyText
@@ -144,6 +147,7 @@ ContentScreen {
         anchors.bottom: parent.bottom
         width: parent.width
         visible: !screen.empty && !screen.justCleared
+        enabled: visible
         frame: screen.frame
         sentence: screen.scan.scanning ? "Still reading" : screen.sweep.comesBackText
         caption: screen.scan.scanning || screen.frame.narrow ? screen.hint : screen.sweep.staysText
@@ -154,8 +158,8 @@ ContentScreen {
             kind: PushButton.Kind.Primary
             size: 48
             glyph: "trash"
-            enabled: screen.sweep.canTrash && !screen.scan.scanning
-            text: screen.scan.scanning ? "Trash selected (0)" : screen.sweep.trashText
+            enabled: screen.sweep.canTrash
+            text: screen.sweep.trashText
             onClicked: screen.trashTicked(visualFocus)
         }
     }

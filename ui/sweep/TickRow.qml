@@ -22,6 +22,7 @@ Item {
         Accessible.name: "Select all, " + row.sweep.tickedText.replace(" ticked", "")
         onClicked: row.sweep.tickState === Qt.Checked ? row.sweep.selectNone() : row.sweep.selectAll()
     }
+    // A button that has nothing left to do hands the focus to its neighbour.
     Row {
         id: texts
 
@@ -37,16 +38,30 @@ Item {
             text: row.sweep.tickedText
         }
         PushButton {
+            id: everything
+
             kind: PushButton.Kind.Quiet
             size: 28
             text: "Select all"
-            onClicked: row.sweep.selectAll()
+            enabled: row.sweep.tickState !== Qt.Checked
+            onClicked: {
+                const reason = focusReason
+                row.sweep.selectAll()
+                nothing.forceActiveFocus(reason)
+            }
         }
         PushButton {
+            id: nothing
+
             kind: PushButton.Kind.Quiet
             size: 28
             text: "Select none"
-            onClicked: row.sweep.selectNone()
+            enabled: row.sweep.tickState !== Qt.Unchecked
+            onClicked: {
+                const reason = focusReason
+                row.sweep.selectNone()
+                everything.forceActiveFocus(reason)
+            }
         }
     }
     Reassurance {

@@ -18,7 +18,7 @@ Rectangle {
         radius: Theme.radiusSheet
         border.color: Theme.lineStrong
         Accessible.role: Accessible.ProgressBar
-        Accessible.name: "Moving files, " + busy.work.countText
+        Accessible.name: title.text + ", " + busy.work.countText
 
         Shadow {
             z: -1
@@ -32,8 +32,10 @@ Rectangle {
             spacing: Theme.space3
 
             Label {
+                id: title
+
                 look: Theme.sheetTitle
-                text: "Moving files"
+                text: "Working on your files"
             }
             ProgressLine {
                 width: parent.width

@@ -14,10 +14,18 @@ Item {
 
     function takeFocus() {
         trash.forceActiveFocus(Qt.TabFocusReason)
+        // Where the sheet itself has given it the focus again, that was for another reason.
+        trash.focusReason = Qt.TabFocusReason
     }
 
-    Keys.onReturnPressed: question.request.confirm()
-    Keys.onEnterPressed: question.request.confirm()
+    Keys.onReturnPressed: event => question.confirmOnce(event)
+    Keys.onEnterPressed: event => question.confirmOnce(event)
+
+    // The key may still be held that brought the question up.
+    function confirmOnce(event: var) {
+        if (!event.isAutoRepeat)
+            request.confirm()
+    }
 
     Column {
         id: column

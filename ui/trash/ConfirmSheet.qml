@@ -10,6 +10,10 @@ T.Popup {
 
     // What had the focus before.
     property Item before: null
+    // That was shown with a ring.
+    property bool ringBefore: false
+    // The press that opens the sheet may be the first of a double click.
+    property bool settled: false
     property int rise: 0
 
     parent: T.Overlay.overlay
@@ -22,7 +26,7 @@ T.Popup {
     bottomPadding: Theme.space6
     modal: true
     focus: true
-    closePolicy: T.Popup.CloseOnEscape | T.Popup.CloseOnPressOutside
+    closePolicy: settled ? T.Popup.CloseOnEscape | T.Popup.CloseOnPressOutside : T.Popup.CloseOnEscape
 
     T.Overlay.modal: Rectangle {
         color: Theme.scrim
@@ -52,16 +56,32 @@ T.Popup {
 
     function answer() {
         before = sheet.parent?.Window.activeFocusItem ?? null
+        ringBefore = (before as T.Control)?.visualFocus ?? false
+        settled = false
         open()
         const question = contentItem as ConfirmQuestion
         question.takeFocus()
     }
 
+    function focusBefore() {
+        before?.forceActiveFocus(Qt.PopupFocusReason)
+        const control = before as T.Control
+        if (control && ringBefore)
+            control.focusReason = Qt.TabFocusReason
+        before = null
+    }
+
+    onOpened: second.restart()
     onClosed: {
+        second.stop()
         if (request.open)
             request.cancel()
-        before?.forceActiveFocus(Qt.PopupFocusReason)
-        before = null
+        focusBefore()
+    }
+    SecondPress {
+        id: second
+
+        onTriggered: sheet.settled = true
     }
     Connections {
         target: sheet.request

@@ -1,9 +1,8 @@
 // A button on the dark of a toast.
 import QtQuick
-import QtQuick.Templates as T
 import Nookwise
 
-T.Button {
+PressButton {
     id: button
 
     property string glyph: ""
@@ -12,10 +11,7 @@ T.Button {
 
     implicitWidth: iconOnly ? 32 : Math.ceil(content.implicitWidth) + 2 * 14
     implicitHeight: 32
-    Accessible.role: Accessible.Button
     Accessible.name: text
-    Keys.onReturnPressed: button.clicked()
-    Keys.onEnterPressed: button.clicked()
 
     Rectangle {
         anchors.fill: parent

@@ -9,6 +9,7 @@ FocusScope {
     // The most that the content leaves.
     required property int room
 
+    readonly property string message: toast.message
     property int rise: 0
 
     width: Math.min(row.width + Theme.space4 + Theme.space2, room)
@@ -18,6 +19,8 @@ FocusScope {
     Accessible.role: Accessible.AlertMessage
     Accessible.name: toast.message
     Keys.onEscapePressed: toast.close()
+
+    onMessageChanged: unmeant.start()
 
     // It goes with the focus in it.
     signal focusLeft
@@ -162,6 +165,10 @@ FocusScope {
                 glyph: "close"
                 text: "Close"
                 onClicked: view.toast.close()
+
+                PressGuard {
+                    id: unmeant
+                }
             }
         }
     }

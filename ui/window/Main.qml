@@ -66,15 +66,15 @@ Window {
         }
     }
 
-    function focusContent() {
-        (screens.item as ContentScreen)?.takeFocus()
+    function focusContent(reason: int) {
+        (screens.item as ContentScreen)?.takeFocus(reason)
     }
 
     // From the sidebar to the content, its action bar, the toast, and round again.
     function cycleFocus() {
         const bar = (screens.item as ContentScreen)?.bar ?? null
         if (sections.holdsFocus())
-            return focusContent()
+            return focusContent(Qt.TabFocusReason)
         if (!notice.activeFocus) {
             if (bar && !bar.holdsFocus && bar.takeFocus())
                 return
@@ -110,7 +110,7 @@ Window {
         property int rise: 0
 
         onLoaded: {
-            window.focusContent()
+            window.focusContent(Qt.OtherFocusReason)
             appear.restart()
         }
 

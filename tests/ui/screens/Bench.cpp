@@ -1,6 +1,9 @@
 #include "tests/ui/screens/Bench.h"
 
+#include <QGuiApplication>
+#include <QKeyEvent>
 #include <QQmlComponent>
+#include <QStyleHints>
 #include <algorithm>
 
 namespace nookwise {
@@ -14,6 +17,7 @@ constexpr double secondsADay = 86'400;
 
 void Bench::open(int width, int height) {
     close();
+    setDoubleClickInterval(0);
     application_ = std::make_unique<Application>();
     application_->fake.files.setVolumeFigures(VolumeFigures{61'270 * megabyte, 494'380 * megabyte});
     application_->store->refreshDisk();
@@ -31,6 +35,21 @@ void Bench::close() {
     window_.reset();
     emit windowChanged();
     application_.reset();
+}
+
+void Bench::holdKey(int key) {
+    sendKey(QEvent::KeyPress, key, false);
+    for (int repeat = 0; repeat < 3; ++repeat) repeatKey(key);
+    sendKey(QEvent::KeyRelease, key, false);
+}
+
+void Bench::repeatKey(int key) {
+    sendKey(QEvent::KeyRelease, key, true);
+    sendKey(QEvent::KeyPress, key, true);
+}
+
+void Bench::setDoubleClickInterval(int interval) {
+    QGuiApplication::styleHints()->setMouseDoubleClickInterval(interval);
 }
 
 void Bench::fillHome() {
@@ -141,6 +160,12 @@ void Bench::startMoving() {
 
 bool Bench::scanning() {
     return application_->store->phase.get() == AppStore::Phase::scanning;
+}
+
+void Bench::sendKey(QEvent::Type type, int key, bool repeated) {
+    QKeyEvent event(type, key, Qt::NoModifier, QString(), repeated);
+    QCoreApplication::sendEvent(window_.get(), &event);
+    QCoreApplication::processEvents();
 }
 
 void Bench::addFile(std::string_view path, std::int64_t megabytes, double daysOld) {

@@ -21,6 +21,13 @@ class Bench : public QObject {
     /// A new store on a new home, and a window on it. The scan that it starts waits for `runScan`.
     Q_INVOKABLE void open(int width, int height);
     Q_INVOKABLE void close();
+    /// Presses a key and holds it until it has repeated a few times.
+    Q_INVOKABLE void holdKey(int key);
+    /// What a key sends that was pressed before, and is still held.
+    Q_INVOKABLE void repeatKey(int key);
+    /// How long after a press another one makes a double click, in milliseconds. Every window opens
+    /// with 0, so that no press of a test passes for a second one.
+    Q_INVOKABLE void setDoubleClickInterval(int interval);
 
     /// Files for every pile.
     Q_INVOKABLE void fillHome();
@@ -61,6 +68,7 @@ class Bench : public QObject {
         ViewModels models{store, fake.platform()};
     };
 
+    void sendKey(QEvent::Type type, int key, bool repeated);
     void addFile(std::string_view path, std::int64_t megabytes, double daysOld);
     void addCopy(std::string_view path, double daysOld);
 

@@ -30,12 +30,81 @@ TrashTest {
         compare(title.mapToItem(null, 0, 0).y, data.height / 4 + 28)
     }
 
+    // The sheet takes such presses when it has been there for the time of a double click.
+    function pressOutside(x, y) {
+        tryVerify(() => {
+            mouseClick(window.contentItem, x, y)
+            return !sheetShown()
+        })
+    }
+
+    function test_aDoubleClickOpensTheSheetAndLeavesItOpen() {
+        openReview()
+        bench.setDoubleClickInterval(100000)
+        mouseDoubleClickSequence(named("Trash selected (3 · 600 MB)"))
+        tryVerify(() => sheetShown())
+        mouseClick(window.contentItem, 20, 20)
+        verify(sheetShown())
+        compare(bench.askedNames().length, 3)
+    }
+
+    function test_aHeldKeyOpensTheSheetAndLeavesItOpen_data() {
+        return [{ tag: "return", key: Qt.Key_Return }, { tag: "enter", key: Qt.Key_Enter }, { tag: "space", key: Qt.Key_Space }]
+    }
+
+    function test_aHeldKeyOpensTheSheetAndLeavesItOpen(data) {
+        openReview()
+        named("Trash selected (3 · 600 MB)").forceActiveFocus(Qt.TabFocusReason)
+        bench.holdKey(data.key)
+        tryVerify(() => sheetShown())
+        compare(bench.askedNames().length, 3)
+        verify(bench.exists("/home/user/Downloads/old survey.zip"))
+    }
+
+    function test_enterThatIsHeldOnTheSwitchConfirmsNothing() {
+        openReview()
+        list().forceActiveFocus(Qt.TabFocusReason)
+        keyClick(Qt.Key_Delete)
+        tryVerify(() => sheetShown())
+        keyClick(Qt.Key_Tab)
+        bench.repeatKey(Qt.Key_Return)
+        verify(sheetShown())
+        verify(bench.exists("/home/user/Downloads/old survey.zip"))
+    }
+
+    function test_theSheetShowsItsFocusEveryTime() {
+        ask()
+        for (let i = 0; i < 2; ++i) {
+            compare(focusName(), "Move to Trash")
+            verify(named("Move to Trash").visualFocus)
+            keyClick(Qt.Key_Escape)
+            tryVerify(() => !sheetShown())
+            clickNamed("Trash selected (3 · 600 MB)")
+            tryVerify(() => sheetShown())
+        }
+    }
+
+    function test_theRingReturnsToWhereItWas_data() {
+        return [{ tag: "keyboard", reason: Qt.TabFocusReason, ring: true }, { tag: "mouse", reason: Qt.MouseFocusReason, ring: false }]
+    }
+
+    function test_theRingReturnsToWhereItWas(data) {
+        openReview()
+        const button = named("Trash selected (3 · 600 MB)")
+        button.forceActiveFocus(data.reason)
+        keyClick(Qt.Key_Return)
+        tryVerify(() => sheetShown())
+        keyClick(Qt.Key_Escape)
+        tryVerify(() => button.activeFocus)
+        compare(button.visualFocus, data.ring)
+    }
+
     function test_theSheetIsClosedWithout_data() {
         return [
             { tag: "escape", close: () => keyClick(Qt.Key_Escape) },
             { tag: "cancel", close: () => clickNamed("Cancel") },
-            { tag: "scrim", close: () => mouseClick(window.contentItem, 20, 20) },
-            { tag: "scrim over a row", close: () => mouseClick(window.contentItem, 300, 600) }
+            { tag: "scrim", close: () => pressOutside(20, 20) },
+            { tag: "scrim over a row", close: () => pressOutside(300, 600) }
         ]
     }
 

@@ -118,6 +118,28 @@ ScreenTest {
         compare(bench.askedNames(), ["plan 102.pdf"])
     }
 
+    function test_aDoubleClickTrashesOneGroup() {
+        openGroups(3)
+        bench.askNoMore()
+        bench.setDoubleClickInterval(100000)
+        mouseDoubleClickSequence(trashButtons()[0])
+        tryVerify(() => findText("2 copies in 2 groups"))
+        waitForRendering(window.contentItem)
+        mouseClick(trashButtons()[0])
+        verifyText("2 copies in 2 groups")
+        verify(bench.exists("/home/user/Downloads/plan 101.pdf"))
+    }
+
+    function test_deleteThatIsHeldTrashesOneGroup() {
+        openGroups(4)
+        bench.askNoMore()
+        list().forceActiveFocus(Qt.TabFocusReason)
+        bench.holdKey(Qt.Key_Delete)
+        tryVerify(() => findText("3 copies in 3 groups"))
+        waitForRendering(window.contentItem)
+        verifyText("3 copies in 3 groups")
+    }
+
     function test_trashesAllExtras() {
         openGroups(3)
         clickNamed("Trash all extras (3 · 300 KB)")

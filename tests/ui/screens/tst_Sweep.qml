@@ -73,11 +73,11 @@ ScreenTest {
     function test_tabReachesEveryGroupOnce() {
         openReview()
         const stops = []
-        for (let i = 0; i < 5; ++i) {
+        for (let i = 0; i < 4; ++i) {
             stops.push(window.activeFocusItem.Accessible.name)
             keyClick(Qt.Key_Tab)
         }
-        compare(stops, ["Forgotten downloads, 600 MB", "Select all, 3 of 3", "Select all", "Select none", survey])
+        compare(stops, ["Forgotten downloads, 600 MB", "Select all, 3 of 3", "Select none", survey])
     }
 
     function test_ticksAllAndNone_data() {

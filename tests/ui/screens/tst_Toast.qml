@@ -30,6 +30,19 @@ TrashTest {
         verify(!findNamed("Show in Trash"))
     }
 
+    function test_theSecondPressOfADoubleClickClosesNoToast() {
+        ask()
+        keyClick(Qt.Key_Return)
+        tryVerify(() => findText("Go on with Large files"))
+        bench.setDoubleClickInterval(100000)
+        clickNamed("Undo")
+        bench.runScan()
+        tryVerify(() => findText("Put back 3 files"))
+        clickButton("Close", named("Put back 3 files"))
+        waitForRendering(window.contentItem)
+        verifyText("Put back 3 files")
+    }
+
     function test_theToastNeverTakesTheFocusButF6ReachesIt() {
         openReview()
         mouseClick(tickBox(survey))
@@ -80,6 +93,7 @@ TrashTest {
         bench.startMoving()
         tryVerify(() => findText("Moving 3 files…"))
         const toast = named("Moving 3 files…")
+        waitForRendering(window.contentItem)
         verify(!findNamed("Undo"))
         verify(!findNamed("Show in Trash"))
         clickButton("Close", toast)

@@ -145,6 +145,38 @@ TrashTest {
         compare(bench.section(), "sweep")
     }
 
+    function test_goingOnWithAPileFocusesItsRows() {
+        ask()
+        keyClick(Qt.Key_Return)
+        tryVerify(() => focusName() === "Go on with Large files")
+        keyClick(Qt.Key_Return)
+        tryVerify(() => window.activeFocusItem.ring)
+        compare(focusName(), "harbour.mov, 700 MB, opened 1 wk. ago, Documents")
+    }
+
+    function test_anEmptiedPileThatIsBackFocusesItsRows() {
+        ask()
+        keyClick(Qt.Key_Return)
+        tryVerify(() => focusName() === "Go on with Large files")
+        keyClick(Qt.Key_Z, Qt.ControlModifier)
+        bench.runScan()
+        tryVerify(() => findText("old survey.zip"))
+        tryVerify(() => list().activeFocus)
+        verify(list().currentItem.ring)
+        keyClick(Qt.Key_Return)
+        verifyText("old survey.zip")
+    }
+
+    function test_theSecondPressOfADoubleClickOpensNoCard() {
+        ask()
+        bench.setDoubleClickInterval(100000)
+        clickNamed("Move to Trash")
+        tryVerify(() => findNamed("Duplicates, 100 KB, 1 copy"))
+        clickNamed("Duplicates, 100 KB, 1 copy")
+        compare(bench.section(), "sweep")
+        verifyText("Go on with Large files")
+    }
+
     function test_aCardOpensItsPile() {
         ask()
         keyClick(Qt.Key_Return)
@@ -187,8 +219,8 @@ TrashTest {
         openReview()
         bench.setBusy(120, 4812)
         verifyText("120 of 4,812")
-        named("Moving files, 120 of 4,812")
+        named("Working on your files, 120 of 4,812")
         bench.setBusy(0, 0)
-        verifyNoText("Moving files")
+        verifyNoText("Working on your files")
     }
 }

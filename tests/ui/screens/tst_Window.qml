@@ -71,6 +71,7 @@ ScreenTest {
         compare(window.activeFocusItem.Accessible.name, "Home")
         keyClick(Qt.Key_F6)
         compare(window.activeFocusItem.Accessible.name, "Review the piles")
+        verify(window.activeFocusItem.visualFocus)
     }
 
     function test_controlsWorkTheWindow() {
