@@ -2,6 +2,7 @@
 
 #include "platform/linux/CopyTree.h"
 #include "platform/linux/Failure.h"
+#include "platform/linux/FreedLater.h"
 #include "platform/linux/Publish.h"
 #include "platform/linux/RemoveTree.h"
 
@@ -216,6 +217,7 @@ class Transfer {
     /// left its name is removed. False with errno set while all of the source is at its name.
     bool removeSource() const {
         const auto& root = tree_.front().state;
+        const FreedLater source(from_.folder(), from_.name(), root.isFolder() ? 0 : root.size);
         auto hidden = unfinished_.temporaryForSource(from_.url(), from_.folder(), root.inode);
         if (!hidden || !hide(from_.folder(), from_.name(), root, *hidden) ||
             !removeHidden(tree_, from_.folder(), *hidden, from_.name()))

@@ -1,6 +1,9 @@
 #include "tests/changes/TransferFixture.h"
 
 #include <climits>
+#include <cstdint>
+#include <filesystem>
+#include <fstream>
 #include <string>
 
 #include <fcntl.h>
@@ -28,6 +31,18 @@ TEST_P(EveryTransfer, bringsAFileOverThatFillsManyBuffers) {
     for (std::size_t i = 0; i < bytes.size(); ++i) bytes[i] = static_cast<char>(i * 31 + i / 977);
     home.write("film.mp4", bytes);
     expectWhole("film.mp4");
+}
+
+TEST_P(EveryTransfer, leavesNothingOfALargeFileBehind) {
+    // Large enough to be freed on a thread of its own, and no bytes but the first and the last.
+    constexpr std::uintmax_t size = 100U << 20U;
+    home.write("large", "first");
+    fs::resize_file(home.path("large"), size - 1);
+    std::ofstream(home.path("large"), std::ios::app) << "x";
+    ASSERT_TRUE(transfer(home.url("large"), target().url("large")));
+    EXPECT_EQ(fs::file_size(target().path("large")), size);
+    EXPECT_EQ(names(home.path()), isMove() ? "" : "large");
+    EXPECT_EQ(recordNames(), "");
 }
 
 TEST_P(EveryTransfer, keepsHoles) {
