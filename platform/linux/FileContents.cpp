@@ -16,6 +16,7 @@ namespace {
 // How much the kernel is asked to copy at once, so that a process can still be stopped in between.
 constexpr std::int64_t kernelPiece = 128LL << 20U;
 constexpr std::int64_t bufferSize = 256LL << 10U;
+constexpr std::int64_t writeOutPiece = 16LL << 20U;
 constexpr std::int64_t blockUnit = 512;
 
 class Contents {
@@ -71,8 +72,16 @@ class Contents {
             if (count == 0) errno = EBUSY;
             if (count <= 0 || !write(position, static_cast<std::size_t>(count))) return false;
             position += count;
+            writeOutEarly(position);
         }
         return true;
+    }
+
+    /// The disk has its turn while the copy goes on, not only at its end. Nothing depends on it.
+    void writeOutEarly(std::int64_t position) {
+        if (position - writtenOut_ < writeOutPiece) return;
+        ::sync_file_range(to_, writtenOut_, position - writtenOut_, SYNC_FILE_RANGE_WRITE);
+        writtenOut_ = position;
     }
 
     bool write(std::int64_t position, std::size_t length) const {
@@ -91,6 +100,7 @@ class Contents {
     std::int64_t size_;
     bool isSparse_;
     std::unique_ptr<char[]> buffer_;
+    std::int64_t writtenOut_ = 0;
 };
 
 /// Some files, as those of /proc, hold more than they say.
