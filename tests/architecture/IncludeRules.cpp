@@ -31,6 +31,8 @@ const std::vector<Rule> rules{
     {"search", Qt::forbidden, {"model", "platform"}},
     {"fileops", Qt::forbidden, {"model", "platform"}},
     {"app", Qt::forbidden, {"scan", "search", "fileops", "model", "platform"}},
+    // The platform's own process for untrusted files; the application never sees it.
+    {"reader", Qt::forbidden, {linuxRoom, "platform"}},
     {"ui", Qt::allowed, {"app", "scan", "search", "fileops", "model", "platform"}},
 };
 
@@ -72,9 +74,9 @@ bool isAllowed(const Rule& rule, std::string_view path, const Include& include) 
     if (target == nullptr)
         return !include.quoted || (rule.qt == Qt::allowed && include.header.ends_with(".moc"));
     if (target->room == rule.room) return true;
-    if (target->room == linuxRoom) return isMain(path);
-    return std::find(rule.mayInclude.begin(), rule.mayInclude.end(), target->room) !=
-           rule.mayInclude.end();
+    const bool isOpen = std::find(rule.mayInclude.begin(), rule.mayInclude.end(), target->room) !=
+                        rule.mayInclude.end();
+    return isOpen || (target->room == linuxRoom && isMain(path));
 }
 
 std::vector<fs::path> filesUnderRules(const fs::path& root) {
