@@ -1,6 +1,7 @@
 // What the application needs of the file system.
 #pragma once
 
+#include "platform/Contents.h"
 #include "platform/Date.h"
 #include "platform/FileUrl.h"
 #include "platform/Result.h"
@@ -163,13 +164,19 @@ class FileManager {
 
     /// Replaces the whole contents of a file of the application's own, or makes the file, readable
     /// and writable by its owner alone. Whatever happens meanwhile, it holds the old contents or
-    /// the new ones. A link is followed and stays a link.
+    /// the new ones. A link is followed and stays a link. Fails with std::errc::operation_canceled
+    /// when the source gives up. `contents` may use this file manager.
     virtual Result<std::monostate> replaceContents(const FileUrl& url,
-                                                   std::string_view contents) = 0;
+                                                   const ContentsSource& contents) = 0;
+
+    /// Likewise with contents that are there as a whole.
+    Result<std::monostate> replaceContents(const FileUrl& url, std::string_view contents) {
+        return replaceContents(url, wholeContents(contents));
+    }
 
     /// Removes what earlier runs of the application left half done when they were killed, and
-    /// nothing else; this run may be at work meanwhile. To be called while no other run is. After a stop request it begins
-    /// nothing further.
+    /// nothing else; this run may be at work meanwhile. To be called while no other run is. After a
+    /// stop request it begins nothing further.
     virtual void removeLeftovers(const std::stop_token& stop) = 0;
 };
 

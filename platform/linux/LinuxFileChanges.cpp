@@ -34,7 +34,7 @@ Result<std::optional<FileUrl>> LinuxFileManager::trash(const FileUrl& url) {
 }
 
 Result<std::monostate> LinuxFileManager::replaceContents(const FileUrl& url,
-                                                         std::string_view contents) {
+                                                         const ContentsSource& contents) {
     return replaceOwnFile(url, contents);
 }
 

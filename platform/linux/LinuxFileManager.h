@@ -29,7 +29,9 @@ class LinuxFileManager final : public FileManager {
     Result<std::monostate> move(const FileUrl& from, const FileUrl& to) override;
     Result<std::monostate> copy(const FileUrl& from, const FileUrl& to) override;
     Result<std::optional<FileUrl>> trash(const FileUrl& url) override;
-    Result<std::monostate> replaceContents(const FileUrl& url, std::string_view contents) override;
+    using FileManager::replaceContents;
+    Result<std::monostate> replaceContents(const FileUrl& url,
+                                           const ContentsSource& contents) override;
     void removeLeftovers(const std::stop_token& stop) override;
 
   private:

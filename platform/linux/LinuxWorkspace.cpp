@@ -115,4 +115,8 @@ void LinuxWorkspace::reveal(const std::vector<FileUrl>& urls) {
     revealInFileViewer(urls, openWithDesktop);
 }
 
+void LinuxWorkspace::open(const FileUrl& url) {
+    if (!openWithDesktop(url)) reveal({url});
+}
+
 }  // namespace nookwise

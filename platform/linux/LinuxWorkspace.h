@@ -22,6 +22,7 @@ class LinuxWorkspace : public Workspace {
 
     /// Needs the Qt event loop.
     void reveal(const std::vector<FileUrl>& urls) override;
+    void open(const FileUrl& url) override;
 
   private:
     std::vector<FileUrl> desktopEntryFolders_;

@@ -89,7 +89,7 @@ bool isReplaceable(const FilePlace& place) {
     return false;
 }
 
-bool replace(const FilePlace& place, std::string_view contents) {
+bool replace(const FilePlace& place, const ContentsSource& contents) {
     auto random = randomName();
     if (!random) return false;
     random->replace(0, runMark().size(), runMark());
@@ -116,7 +116,7 @@ void removeReplacements(int folder, const FolderEntries& listing) {
 
 }  // namespace
 
-Result<std::monostate> replaceOwnFile(const FileUrl& url, std::string_view contents) {
+Result<std::monostate> replaceOwnFile(const FileUrl& url, const ContentsSource& contents) {
     const auto place = followed(url);
     if (!place || !isReplaceable(*place) || !replace(*place, contents))
         return failure(url, "replace");

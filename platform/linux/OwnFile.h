@@ -1,15 +1,15 @@
 // Writing the application's own files.
 #pragma once
 
+#include "platform/Contents.h"
 #include "platform/Result.h"
 
-#include <string_view>
 #include <variant>
 
 namespace nookwise {
 
 /// As FileManager::replaceContents.
-Result<std::monostate> replaceOwnFile(const FileUrl& url, std::string_view contents);
+Result<std::monostate> replaceOwnFile(const FileUrl& url, const ContentsSource& contents);
 
 /// Removes what killed processes left of unfinished replacements in `folder`. This process may be
 /// replacing files meanwhile.

@@ -3,7 +3,7 @@
 
 #include "platform/Date.h"
 #include "platform/FileUrl.h"
-#include "platform/linux/Guarded.h"
+#include "platform/Guarded.h"
 
 #include <cstdint>
 #include <optional>

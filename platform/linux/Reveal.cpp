@@ -27,8 +27,8 @@ QDBusMessage showItems(const std::vector<FileUrl>& urls) {
 
 }  // namespace
 
-void openWithDesktop(const FileUrl& folder) {
-    g_app_info_launch_default_for_uri(folder.urlString().c_str(), nullptr, nullptr);
+bool openWithDesktop(const FileUrl& url) {
+    return g_app_info_launch_default_for_uri(url.urlString().c_str(), nullptr, nullptr) != FALSE;
 }
 
 void revealInFileViewer(const std::vector<FileUrl>& urls, OpenFolder openFolder) {

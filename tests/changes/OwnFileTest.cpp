@@ -4,11 +4,15 @@
 #include "tests/support/TemporaryFolder.h"
 
 #include <atomic>
+#include <csignal>
 #include <filesystem>
+#include <new>
 #include <string>
 #include <thread>
+#include <vector>
 
 #include <gtest/gtest.h>
+#include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -19,14 +23,39 @@ namespace fs = std::filesystem;
 
 const std::string leftover = ".nookwise-0123456789abcdef0123456789abcdef.new";
 
+Result<std::monostate> replaceWith(const FileUrl& url, std::string_view contents) {
+    return replaceOwnFile(url, wholeContents(contents));
+}
+
 mode_t permissions(const std::string& path) {
     struct stat status {};
     return ::stat(path.c_str(), &status) == 0 ? status.st_mode & ALLPERMS : 0;
 }
 
+/// What a full disk does, to this process alone: beyond so many bytes no file grows.
+class FileSizeLimit {
+  public:
+    explicit FileSizeLimit(rlim_t bytes) {
+        ::getrlimit(RLIMIT_FSIZE, &before_);
+        const rlimit limit{.rlim_cur = bytes, .rlim_max = before_.rlim_max};
+        ::setrlimit(RLIMIT_FSIZE, &limit);
+        handler_ = std::signal(SIGXFSZ, SIG_IGN);
+    }
+    ~FileSizeLimit() {
+        ::setrlimit(RLIMIT_FSIZE, &before_);
+        std::signal(SIGXFSZ, handler_);
+    }
+    FileSizeLimit(const FileSizeLimit&) = delete;
+    FileSizeLimit& operator=(const FileSizeLimit&) = delete;
+
+  private:
+    rlimit before_{};
+    void (*handler_)(int) = SIG_DFL;
+};
+
 TEST(OwnFile, makesAFileForItsOwnerAlone) {
     const TemporaryFolder home;
-    ASSERT_TRUE(replaceOwnFile(home.url("log"), std::string_view("a\0b", 3)));
+    ASSERT_TRUE(replaceWith(home.url("log"), std::string_view("a\0b", 3)));
     EXPECT_EQ(contents(home.path("log")), std::string("a\0b", 3));
     EXPECT_EQ(permissions(home.path("log")), 0600U);
     EXPECT_EQ(names(home.path()), "log");
@@ -36,7 +65,7 @@ TEST(OwnFile, replacesAllOfTheContentsWithANewFile) {
     const TemporaryFolder home;
     home.write("log", "something much longer");
     fs::create_hard_link(home.path("log"), home.path("kept"));
-    ASSERT_TRUE(replaceOwnFile(home.url("log"), ""));
+    ASSERT_TRUE(replaceWith(home.url("log"), ""));
     EXPECT_EQ(contents(home.path("log")), "");
     EXPECT_EQ(permissions(home.path("log")), 0600U);
     EXPECT_EQ(contents(home.path("kept")), "something much longer");
@@ -45,8 +74,69 @@ TEST(OwnFile, replacesAllOfTheContentsWithANewFile) {
 TEST(OwnFile, writesMoreThanOneCallTakes) {
     const TemporaryFolder home;
     const std::string much(20'000'000, 'm');
-    ASSERT_TRUE(replaceOwnFile(home.url("log"), much));
+    ASSERT_TRUE(replaceWith(home.url("log"), much));
     EXPECT_EQ(contents(home.path("log")), much);
+}
+
+TEST(OwnFile, growsPieceByPieceBesideTheOldContents) {
+    const TemporaryFolder home;
+    home.write("log", "old");
+    const std::string piece(5'000'000, 'p');
+    const auto inPieces = [&](const ContentsSink& sink) {
+        for (int i = 0; i < 8; ++i) {
+            if (!sink(piece)) return false;
+            EXPECT_EQ(contents(home.path("log")), "old");
+        }
+        return sink("") && sink("end");
+    };
+    ASSERT_TRUE(replaceOwnFile(home.url("log"), inPieces));
+    std::string whole;
+    for (int i = 0; i < 8; ++i) whole += piece;
+    EXPECT_EQ(contents(home.path("log")), whole + "end");
+    EXPECT_EQ(permissions(home.path("log")), 0600U);
+    EXPECT_EQ(names(home.path()), "log");
+}
+
+TEST(OwnFile, keepsTheOldContentsWhenTheSourceGivesUp) {
+    const TemporaryFolder home;
+    home.write("log", "old");
+    const auto replaced = replaceOwnFile(home.url("log"), [](const ContentsSink& sink) {
+        EXPECT_TRUE(sink("half"));
+        return false;
+    });
+    ASSERT_FALSE(replaced);
+    EXPECT_EQ(replaced.error().code, std::errc::operation_canceled);
+    EXPECT_EQ(contents(home.path("log")), "old");
+    EXPECT_EQ(names(home.path()), "log");
+}
+
+TEST(OwnFile, leavesNothingOfASourceThatThrows) {
+    const TemporaryFolder home;
+    home.write("log", "old");
+    const auto throwing = [](const ContentsSink& sink) -> bool {
+        sink("half");
+        throw std::bad_alloc();
+    };
+    EXPECT_THROW((void)replaceOwnFile(home.url("log"), throwing), std::bad_alloc);
+    EXPECT_EQ(contents(home.path("log")), "old");
+    EXPECT_EQ(names(home.path()), "log");
+}
+
+TEST(OwnFile, failsWhereTheSourceDoesNotMindThatItCannotBeWritten) {
+    const TemporaryFolder home;
+    home.write("log", "old");
+    const FileSizeLimit limit(1'000'000);
+    const std::string piece(600'000, 'p');
+    std::vector<bool> taken;
+    const auto replaced = replaceOwnFile(home.url("log"), [&](const ContentsSink& sink) {
+        for (int i = 0; i < 3; ++i) taken.push_back(sink(piece));
+        return true;
+    });
+    ASSERT_FALSE(replaced);
+    EXPECT_EQ(replaced.error().code, std::errc::file_too_large);
+    EXPECT_EQ(taken, (std::vector<bool>{true, false, false}));
+    EXPECT_EQ(contents(home.path("log")), "old");
+    EXPECT_EQ(names(home.path()), "log");
 }
 
 TEST(OwnFile, keepsALinkAndWritesWhereItLeads) {
@@ -55,7 +145,7 @@ TEST(OwnFile, keepsALinkAndWritesWhereItLeads) {
     home.makeFolder("own");
     fs::create_symlink("../dotfiles/second", home.path("own/log"));
     fs::create_symlink(home.path("dotfiles/log"), home.path("dotfiles/second"));
-    ASSERT_TRUE(replaceOwnFile(home.url("own/log"), "new"));
+    ASSERT_TRUE(replaceWith(home.url("own/log"), "new"));
     EXPECT_EQ(contents(home.path("dotfiles/log")), "new");
     EXPECT_TRUE(fs::is_symlink(home.path("own/log")));
     EXPECT_TRUE(fs::is_symlink(home.path("dotfiles/second")));
@@ -67,7 +157,7 @@ TEST(OwnFile, makesTheFileThatALinkWaitsFor) {
     const TemporaryFolder home;
     home.makeFolder("elsewhere");
     fs::create_symlink("elsewhere/log", home.path("log"));
-    ASSERT_TRUE(replaceOwnFile(home.url("log"), "new"));
+    ASSERT_TRUE(replaceWith(home.url("log"), "new"));
     EXPECT_EQ(contents(home.path("elsewhere/log")), "new");
 }
 
@@ -80,16 +170,16 @@ TEST(OwnFile, touchesNothingButFiles) {
     fs::create_symlink("folder/", home.path("slash"));
     const auto before = snapshot(home.path());
     for (const auto* const name : {"folder", "pipe", "loop", "astray", "slash", "no/file", ".."})
-        EXPECT_FALSE(replaceOwnFile(home.url(name), "new")) << name;
-    EXPECT_FALSE(replaceOwnFile(FileUrl("/dev/null"), "new"));
-    EXPECT_FALSE(replaceOwnFile(FileUrl(), "new"));
+        EXPECT_FALSE(replaceWith(home.url(name), "new")) << name;
+    EXPECT_FALSE(replaceWith(FileUrl("/dev/null"), "new"));
+    EXPECT_FALSE(replaceWith(FileUrl(), "new"));
     EXPECT_EQ(snapshot(home.path()), before);
     EXPECT_TRUE(fs::is_character_file("/dev/null"));
 }
 
 TEST(OwnFile, tellsWhatItCouldNotReplace) {
     const TemporaryFolder home;
-    const auto replaced = replaceOwnFile(home.url("no/file"), "new");
+    const auto replaced = replaceWith(home.url("no/file"), "new");
     ASSERT_FALSE(replaced);
     EXPECT_EQ(replaced.error().code, std::errc::no_such_file_or_directory);
     EXPECT_EQ(replaced.error().url, home.url("no/file"));
@@ -97,8 +187,8 @@ TEST(OwnFile, tellsWhatItCouldNotReplace) {
 
 TEST(OwnFile, takesTheLongestName) {
     const TemporaryFolder home;
-    EXPECT_TRUE(replaceOwnFile(home.url(std::string(255, 'n')), "x"));
-    const auto tooLong = replaceOwnFile(home.url(std::string(256, 'n')), "x");
+    EXPECT_TRUE(replaceWith(home.url(std::string(255, 'n')), "x"));
+    const auto tooLong = replaceWith(home.url(std::string(256, 'n')), "x");
     ASSERT_FALSE(tooLong);
     EXPECT_EQ(names(home.path()), std::string(255, 'n'));
 }
@@ -108,7 +198,7 @@ TEST(OwnFile, leavesTheOldContentsWhereItMayNotWrite) {
     home.write("log", "old");
     fs::permissions(home.path(), fs::perms(0555));
     const OrdinaryUser user;
-    EXPECT_FALSE(replaceOwnFile(home.url("log"), "new"));
+    EXPECT_FALSE(replaceWith(home.url("log"), "new"));
     EXPECT_EQ(contents(home.path("log")), "old");
     EXPECT_EQ(names(home.path()), "log");
 }
@@ -157,7 +247,7 @@ TEST(UnfinishedReplacements, ofThisProcessAreUnderWayAndStay) {
     std::thread cleaning([&] {
         while (!isDone) removeUnfinishedReplacements(home.url());
     });
-    for (int i = 0; i < 300; ++i) EXPECT_TRUE(replaceOwnFile(home.url("log"), std::to_string(i)));
+    for (int i = 0; i < 300; ++i) EXPECT_TRUE(replaceWith(home.url("log"), std::to_string(i)));
     isDone = true;
     cleaning.join();
     EXPECT_EQ(std::filesystem::file_size(home.path("log")), 3u);

@@ -97,9 +97,19 @@ Result<std::optional<FileUrl>> FailingFileManager::trash(const FileUrl& url) {
 }
 
 Result<std::monostate> FailingFileManager::replaceContents(const FileUrl& url,
-                                                           std::string_view contents) {
+                                                           const ContentsSource& contents) {
     if (isTheFailingOne()) return ioError(url, "write");
-    return inner_.replaceContents(url, contents);
+    bool isWritten = true;
+    const auto unlessFailing = [&](const ContentsSink& sink) {
+        const auto write = [&](std::string_view bytes) {
+            isWritten = isWritten && !isTheFailingOne() && sink(bytes);
+            return isWritten;
+        };
+        return contents(write) && isWritten;
+    };
+    auto replaced = inner_.replaceContents(url, unlessFailing);
+    if (!isWritten) return ioError(url, "write");
+    return replaced;
 }
 
 void FailingFileManager::removeLeftovers(const std::stop_token& stop) {

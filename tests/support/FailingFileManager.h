@@ -8,9 +8,9 @@
 namespace nookwise {
 
 /// Passes everything on to another file manager, except that the n-th operation fails with an I/O
-/// error. Each call, each file that an enumeration comes upon, and each question to and read from
-/// an open file count as one operation. A file whose turn it is in an enumeration is left out, as
-/// an unreadable one is.
+/// error. Each call, each file that an enumeration comes upon, each question to and read from an
+/// open file, and each piece of contents that are written count as one operation. A file whose turn
+/// it is in an enumeration is left out, as an unreadable one is.
 class FailingFileManager : public FileManager {
   public:
     /// `failingOperation` counts from 1; 0 lets everything pass, to learn how many operations there
@@ -34,7 +34,9 @@ class FailingFileManager : public FileManager {
     Result<std::monostate> move(const FileUrl& from, const FileUrl& to) override;
     Result<std::monostate> copy(const FileUrl& from, const FileUrl& to) override;
     Result<std::optional<FileUrl>> trash(const FileUrl& url) override;
-    Result<std::monostate> replaceContents(const FileUrl& url, std::string_view contents) override;
+    using FileManager::replaceContents;
+    Result<std::monostate> replaceContents(const FileUrl& url,
+                                           const ContentsSource& contents) override;
     void removeLeftovers(const std::stop_token& stop) override;
 
   private:

@@ -103,21 +103,37 @@ Result<std::optional<FileUrl>> FakeFileManager::trash(const FileUrl& url) {
     return tellsTrashPlaces_ ? std::optional(place) : std::nullopt;
 }
 
-Result<std::monostate> FakeFileManager::replaceContents(const FileUrl& url,
-                                                        std::string_view contents) {
-    announce(FakeOperation::Kind::replaceContents, url);
+std::optional<FileError> FakeFileManager::obstacleToReplacing(const FileUrl& url) const {
     const std::lock_guard lock(mutex_);
-    if (auto refused = refusal(url, "write")) return *refused;
+    if (auto refused = refusal(url, "write")) return refused;
     std::string folder(url.parentPath());
     if (follow(folder) == nullptr)
         return failure(std::errc::no_such_file_or_directory, url, "write");
+    const auto node = find(url.path());
+    if (node != nullptr && node->attributes.type != FileType::regular && node->holdsEntries())
+        return failure(std::errc::is_a_directory, url, "write");
+    return std::nullopt;
+}
+
+Result<std::monostate> FakeFileManager::replaceContents(const FileUrl& url,
+                                                        const ContentsSource& contents) {
+    announce(FakeOperation::Kind::replaceContents, url);
+    if (auto obstacle = obstacleToReplacing(url)) return *obstacle;
+    std::string made;
+    const auto take = [&](std::string_view bytes) {
+        made += bytes;
+        return made.size() <= roomForContents_;
+    };
+    const bool isComplete = contents(take);
+    if (made.size() > roomForContents_) return failure(std::errc::no_space_on_device, url, "write");
+    if (!isComplete) return failure(std::errc::operation_canceled, url, "write");
+    if (auto obstacle = obstacleToReplacing(url)) return *obstacle;
+    const std::lock_guard lock(mutex_);
     auto node = find(url.path());
     if (node == nullptr) node = make(url.path());
-    if (node->attributes.type != FileType::regular && node->holdsEntries())
-        return failure(std::errc::is_a_directory, url, "write");
     node->attributes.type = FileType::regular;
-    node->contents = contents;
-    node->state.size = static_cast<std::int64_t>(contents.size());
+    node->state.size = static_cast<std::int64_t>(made.size());
+    node->contents = std::move(made);
     return std::monostate{};
 }
 

@@ -83,6 +83,29 @@ TEST_F(FakeFileChanges, replaceContentsMakesAFileInAFolderThatIsThere) {
     EXPECT_FALSE(files.replaceContents(FileUrl("/folder"), "1"));
 }
 
+TEST_F(FakeFileChanges, replaceContentsTakesThemPieceByPiece) {
+    const auto inPieces = [](const ContentsSink& sink) { return sink("1") && sink("22"); };
+    EXPECT_TRUE(files.replaceContents(FileUrl("/new"), inPieces));
+    EXPECT_EQ(files.contents("/new"), "122");
+    const auto givingUp = [](const ContentsSink& sink) { return sink("1") && false; };
+    EXPECT_EQ(files.replaceContents(FileUrl("/new"), givingUp).error().code,
+              std::errc::operation_canceled);
+    EXPECT_EQ(files.contents("/new"), "122");
+}
+
+TEST_F(FakeFileChanges, replaceContentsNeedsRoomForAllOfThem) {
+    files.setRoomForContents(2);
+    EXPECT_TRUE(files.replaceContents(FileUrl("/new"), "12"));
+    const auto heedless = [](const ContentsSink& sink) {
+        EXPECT_TRUE(sink("12"));
+        EXPECT_FALSE(sink("3"));
+        return true;
+    };
+    EXPECT_EQ(files.replaceContents(FileUrl("/new"), heedless).error().code,
+              std::errc::no_space_on_device);
+    EXPECT_EQ(files.contents("/new"), "12");
+}
+
 TEST_F(FakeFileChanges, areRefusedWhereForbidden) {
     files.forbidChanges("/folder");
     EXPECT_EQ(moving("/folder/b", "/b"), std::errc::permission_denied);
@@ -112,6 +135,25 @@ TEST_F(FakeFileChanges, failOneByOneBehindAFailingFileManager) {
     failsFirst([&](FileManager& failing) { return bool(failing.replaceContents(a, "new")); });
     EXPECT_EQ(files.contents("/a"), "a");
     EXPECT_FALSE(exists("/to"));
+}
+
+TEST_F(FakeFileChanges, failInTheMiddleOfContentsBehindAFailingFileManager) {
+    const auto heedless = [](const ContentsSink& sink) {
+        sink("1");
+        sink("22");
+        return true;
+    };
+    FailingFileManager counting(files, 0);
+    ASSERT_TRUE(counting.replaceContents(FileUrl("/a"), heedless));
+    EXPECT_EQ(counting.operations(), 3);
+    EXPECT_EQ(files.contents("/a"), "122");
+    for (int i = 1; i <= 3; ++i) {
+        FailingFileManager failing(files, i);
+        EXPECT_EQ(failing.replaceContents(FileUrl("/a"), heedless).error().code,
+                  std::errc::io_error);
+        EXPECT_EQ(failing.operations(), i);
+        EXPECT_EQ(files.contents("/a"), "122");
+    }
 }
 
 }  // namespace

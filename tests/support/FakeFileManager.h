@@ -4,6 +4,7 @@
 #include "platform/FileManager.h"
 
 #include <atomic>
+#include <limits>
 #include <map>
 #include <memory>
 #include <mutex>
@@ -87,6 +88,8 @@ class FakeFileManager : public FileManager {
     void forbidChanges(std::string_view path);
     /// From now on trashing succeeds without telling where.
     void keepTrashPlacesSecret() { tellsTrashPlaces_ = false; }
+    /// The disk is full for replaced contents of more bytes from now on.
+    void setRoomForContents(std::size_t bytes) { roomForContents_ = bytes; }
     /// What a file holds.
     std::string contents(std::string_view path) const;
 
@@ -111,7 +114,9 @@ class FakeFileManager : public FileManager {
     Result<std::monostate> copy(const FileUrl& from, const FileUrl& to) override;
     /// The Trash is the folder /Trash.
     Result<std::optional<FileUrl>> trash(const FileUrl& url) override;
-    Result<std::monostate> replaceContents(const FileUrl& url, std::string_view contents) override;
+    using FileManager::replaceContents;
+    Result<std::monostate> replaceContents(const FileUrl& url,
+                                           const ContentsSource& contents) override;
     /// Removes nothing: nothing is left over here.
     void removeLeftovers(const std::stop_token& stop) override;
 
@@ -138,6 +143,7 @@ class FakeFileManager : public FileManager {
 
     /// Why `url` may not be changed, or none.
     std::optional<FileError> refusal(const FileUrl& url, const char* operation) const;
+    std::optional<FileError> obstacleToReplacing(const FileUrl& url) const;
     /// The file at `from` and the folder that is to hold `to`, or why that cannot be.
     struct Placement;
     Result<Placement> placement(const FileUrl& from, const FileUrl& to,
@@ -149,6 +155,7 @@ class FakeFileManager : public FileManager {
     NodePointer root_;
     std::uint64_t lastInode_ = 0;
     std::optional<VolumeFigures> figures_;
+    std::size_t roomForContents_ = std::numeric_limits<std::size_t>::max();
     std::function<void(const FakeOperation&)> observer_;
     mutable std::atomic<int> operations_{0};
 };

@@ -4,6 +4,7 @@
 #include "app/Platform.h"
 #include "tests/support/FakeFileManager.h"
 #include "tests/support/FakeMetadata.h"
+#include "tests/support/FakeTextReader.h"
 #include "tests/support/FakeUserDefaults.h"
 #include "tests/support/FakeUserFolders.h"
 #include "tests/support/FakeWorkspace.h"
@@ -20,7 +21,9 @@ struct FakePlatform {
         }
     }
 
-    Platform platform() { return {files, metadata, folders, workspace, defaults, clock, tasks}; }
+    Platform platform() {
+        return {files, metadata, folders, workspace, defaults, clock, tasks, reader};
+    }
 
     FakeFileManager files;
     FakeMetadata metadata;
@@ -29,6 +32,7 @@ struct FakePlatform {
     FakeUserDefaults defaults;
     ManualClock clock{Date{Seconds{1'700'000'000}}};
     ManualTasks tasks;
+    FakeTextReader reader;
 };
 
 }  // namespace nookwise

@@ -12,10 +12,12 @@ class FakeWorkspace : public Workspace {
     }
 
     void reveal(const std::vector<FileUrl>& urls) override { revealed.push_back(urls); }
+    void open(const FileUrl& url) override { opened.push_back(url); }
 
     std::vector<InstalledApplication> installed;
     /// What was to be shown, call by call.
     std::vector<std::vector<FileUrl>> revealed;
+    std::vector<FileUrl> opened;
 };
 
 }  // namespace nookwise

@@ -36,7 +36,9 @@ class DatedFileManager final : public FileManager {
         return files_.copy(from, to);
     }
     Result<std::optional<FileUrl>> trash(const FileUrl& url) override { return files_.trash(url); }
-    Result<std::monostate> replaceContents(const FileUrl& url, std::string_view contents) override {
+    using FileManager::replaceContents;
+    Result<std::monostate> replaceContents(const FileUrl& url,
+                                           const ContentsSource& contents) override {
         return files_.replaceContents(url, contents);
     }
     void removeLeftovers(const std::stop_token& stop) override { files_.removeLeftovers(stop); }
