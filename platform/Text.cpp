@@ -1,7 +1,10 @@
 #include "platform/Text.h"
 
 #include <algorithm>
+#include <bit>
+#include <cstddef>
 #include <cstdint>
+#include <cstring>
 #include <memory>
 #include <vector>
 
@@ -19,9 +22,33 @@
 namespace nookwise {
 namespace {
 
+constexpr std::uint64_t highBits = 0x8080808080808080;
+
+bool isAscii(char c) {
+    return static_cast<signed char>(c) >= 0;
+}
+
+/// How many of eight bytes come before the first that is not ASCII.
+std::size_t asciiLength(std::uint64_t bytes) {
+    const auto others = bytes & highBits;
+    const auto bits = std::endian::native == std::endian::little ? std::countr_zero(others)
+                                                                 : std::countl_zero(others);
+    return static_cast<std::size_t>(bits) / 8;
+}
+
+/// How many bytes of ASCII the text begins with. Eight at a time: texts are long.
+std::size_t asciiLength(std::string_view text) {
+    std::size_t length = 0;
+    for (std::uint64_t bytes = 0; text.size() - length >= sizeof bytes; length += sizeof bytes) {
+        std::memcpy(&bytes, text.data() + length, sizeof bytes);
+        if ((bytes & highBits) != 0) return length + asciiLength(bytes);
+    }
+    while (length < text.size() && isAscii(text[length])) ++length;
+    return length;
+}
+
 bool isAscii(std::string_view text) {
-    return std::all_of(text.begin(), text.end(),
-                       [](char c) { return static_cast<signed char>(c) >= 0; });
+    return asciiLength(text) == text.size();
 }
 
 char lowerAscii(char c) {
@@ -75,6 +102,63 @@ std::string caseMapped(std::string_view text, CaseMapping mapping) {
         },
         [&](std::string_view invalid) { mapped += invalid; });
     return mapped;
+}
+
+/// The ASCII letters among eight bytes made small. Others stay as they are.
+std::uint64_t lowerAscii(std::uint64_t bytes) {
+    constexpr auto inEachByte = [](std::uint64_t byte) { return byte * 0x0101010101010101; };
+    const auto sevenBits = bytes & ~highBits;
+    // The sums have the high bit from 'A' on, and from behind 'Z' on. An upper-case letter lacks
+    // 0x20.
+    const auto fromA = sevenBits + inEachByte(0x80 - 'A');
+    const auto behindZ = sevenBits + inEachByte(0x80 - 'Z' - 1);
+    return bytes | (((fromA ^ behindZ) & ~bytes & highBits) >> 2U);
+}
+
+/// Without Turkish dotless letters, this is the only one that becomes two.
+constexpr UChar32 capitalIWithDot = 0x130;
+constexpr std::string_view smallIAndDot = "i\u0307";
+
+/// Puts the lower case of the character at `position`, which moves on, to `lower`. Returns its end.
+/// No letter's lower case is longer by more than half.
+char* lowerOne(std::string_view text, std::size_t& position, char* lower) {
+    if (isAscii(text[position])) {
+        *lower = lowerAscii(text[position++]);
+        return lower + 1;
+    }
+    const auto* bytes = reinterpret_cast<const std::uint8_t*>(text.data());
+    const auto before = position;
+    UChar32 codePoint = 0;
+    U8_NEXT(bytes, position, text.size(), codePoint);
+    if (codePoint < 0) return std::copy(text.data() + before, text.data() + position, lower);
+    if (codePoint == capitalIWithDot)
+        return std::copy(smallIAndDot.begin(), smallIAndDot.end(), lower);
+    auto* mapped = reinterpret_cast<std::uint8_t*>(lower);
+    std::size_t length = 0;
+    const auto lowerCodePoint = static_cast<std::uint32_t>(u_tolower(codePoint));
+    U8_APPEND_UNSAFE(mapped, length, lowerCodePoint);
+    return lower + length;
+}
+
+/// Of a text in which no letter's lower case depends on its neighbours. Eight characters at a time
+/// where it can be: texts are long, and most of them are ASCII.
+void lowercaseOneByOne(std::string_view text, std::string& lower) {
+    lower.resize(text.size() + text.size() / 2);
+    auto* next = lower.data();
+    for (std::size_t position = 0; position < text.size();) {
+        if (std::uint64_t bytes = 0; text.size() - position >= sizeof bytes) {
+            std::memcpy(&bytes, text.data() + position, sizeof bytes);
+            const auto lowerBytes = lowerAscii(bytes);
+            // What is not ASCII is written over.
+            std::memcpy(next, &lowerBytes, sizeof lowerBytes);
+            const auto count = asciiLength(bytes);
+            next += count;
+            position += count;
+            if (count > 0) continue;
+        }
+        next = lowerOne(text, position, next);
+    }
+    lower.resize(static_cast<std::size_t>(next - lower.data()));
 }
 
 std::string composed(std::string_view text) {
@@ -144,10 +228,18 @@ std::unique_ptr<icu::Collator> makeCollator() {
 }  // namespace
 
 std::string lowercased(std::string_view text) {
-    if (!isAscii(text)) return caseMapped(text, &icu::CaseMap::utf8ToLower);
-    std::string lower(text);
-    std::transform(lower.begin(), lower.end(), lower.begin(), lowerAscii);
+    std::string lower;
+    lowercase(text, lower);
     return lower;
+}
+
+void lowercase(std::string_view text, std::string& lower) {
+    // The one letter whose lower case depends on what is around it.
+    constexpr std::string_view capitalSigma = "\u03A3";
+    if (text.find(capitalSigma) != std::string_view::npos)
+        lower = caseMapped(text, &icu::CaseMap::utf8ToLower);
+    else
+        lowercaseOneByOne(text, lower);
 }
 
 std::string uppercased(std::string_view text) {
@@ -169,6 +261,20 @@ std::string lowercasedLetters(std::string_view text) {
         return true;
     });
     return kept;
+}
+
+bool isWellFormed(std::string_view text) {
+    const auto* bytes = reinterpret_cast<const std::uint8_t*>(text.data());
+    std::size_t position = 0;
+    for (;;) {
+        position += asciiLength(text.substr(position));
+        if (position == text.size()) return true;
+        while (position < text.size() && !isAscii(text[position])) {
+            UChar32 codePoint = 0;
+            U8_NEXT(bytes, position, text.size(), codePoint);
+            if (codePoint < 0) return false;
+        }
+    }
 }
 
 std::string wellFormed(std::string_view text) {

@@ -11,12 +11,18 @@ namespace nookwise {
 /// Lower case by the Unicode default rules, whatever the user's locale.
 std::string lowercased(std::string_view text);
 
+/// Likewise, in memory that is used again and again. `text` must not lie in it.
+void lowercase(std::string_view text, std::string& lower);
+
 /// Upper case likewise.
 std::string uppercased(std::string_view text);
 
 /// The characters (grapheme clusters) that begin with a letter, in lower case and in composed form
 /// (NFC), so that equal texts have equal bytes.
 std::string lowercasedLetters(std::string_view text);
+
+/// Whether all of it is UTF-8.
+bool isWellFormed(std::string_view text);
 
 /// The text with U+FFFD in place of what is not UTF-8.
 std::string wellFormed(std::string_view text);
