@@ -1,0 +1,130 @@
+#include "search/TextIndexer.h"
+
+#include "search/EntryReader.h"
+#include "search/IndexCandidates.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace nookwise {
+namespace {
+
+constexpr std::size_t chunkSize = 4;
+constexpr std::size_t batchSize = 24;
+constexpr std::size_t filesBetweenSaves = 120;
+constexpr std::size_t entriesAtOnce = 256;
+
+/// None when the file was changed since, or never read.
+const IndexEntry* validEntry(const IndexEntries& entries, const FileItem& file) {
+    const auto found = entries.find(file.url);
+    if (found == entries.end() || found->second.mtime != modificationTime(file)) return nullptr;
+    return &found->second;
+}
+
+}  // namespace
+
+TextIndexer::TextIndexer(FileManager& files, const Metadata& metadata, const UserFolders& folders,
+                         TextReader& reader)
+    : metadata_(metadata),
+      folders_(folders),
+      reader_(reader),
+      file_(files, folders.applicationSupport()) {}
+
+template <typename Use>
+decltype(auto) TextIndexer::withIndex(Use use) {
+    return index_.with([&](Index& index) {
+        if (!std::exchange(index.isLoaded, true)) index.entries = file_.load();
+        return use(index);
+    });
+}
+
+IndexEntries TextIndexer::cached(std::span<const FileItem> files) {
+    return withIndex([&](const Index& index) {
+        IndexEntries valid;
+        for (const auto& file : files) {
+            if (const auto* const entry = validEntry(index.entries, file))
+                valid.emplace(file.url, *entry);
+        }
+        return valid;
+    });
+}
+
+void TextIndexer::run(std::span<const FileItem> files, const Progress& progress, const Stop& stop) {
+    const std::lock_guard lock(running_);
+    const auto downloads = folders_.downloads();
+    const auto work = withIndex([&](const Index& index) {
+        return filesToRead(files, downloads, [&](const FileItem& file) {
+            return validEntry(index.entries, file) != nullptr;
+        });
+    });
+    if (!work.empty()) readAll(work, downloads, progress, stop);
+}
+
+void TextIndexer::readAll(std::span<const FileItem> work, const FileUrl& downloads,
+                          const Progress& progress, const Stop& stop) {
+    const EntryReader reader(metadata_, reader_, downloads);
+    const auto total = work.size();
+    IndexEntries pending;
+    std::size_t done = 0;
+    while (done < total && !stop.soon.stop_requested() && !stop.atOnce.stop_requested()) {
+        const auto chunk = work.subspan(done, std::min(chunkSize, total - done));
+        if (!keep(chunk, reader.read(chunk, stop.atOnce), pending)) break;
+        done += chunk.size();
+        if (pending.size() < batchSize && done < total) continue;
+        progress(std::exchange(pending, {}), done, total);
+        if (done % filesBetweenSaves < chunkSize || done == total) save();
+    }
+    save();
+}
+
+bool TextIndexer::keep(std::span<const FileItem> files,
+                       std::vector<std::optional<IndexEntry>>&& read, IndexEntries& pending) {
+    return index_.with([&](Index& index) {
+        bool isComplete = true;
+        for (std::size_t i = 0; i < files.size(); ++i) {
+            auto& entry = read[i];
+            if (!entry) {
+                isComplete = false;
+                continue;
+            }
+            if (entry->source) entry->source = index.sources.shared(*entry->source);
+            ++index.additions;
+            index.entries.insert_or_assign(files[i].url, *entry);
+            pending.insert_or_assign(files[i].url, std::move(*entry));
+        }
+        return isComplete;
+    });
+}
+
+void TextIndexer::save() {
+    written_.with([&](std::uint64_t& written) {
+        const auto [entries, additions] = index_.with([&](const Index& index) {
+            std::vector<const IndexEntries::value_type*> all;
+            if (index.additions != written) {
+                all.reserve(index.entries.size());
+                for (const auto& entry : index.entries) all.push_back(&entry);
+            }
+            return std::pair(std::move(all), index.additions);
+        });
+        if (additions == written) return;
+        const auto addAll = [&](IndexJsonWriter& writer) { write(entries, writer); };
+        if (file_.save(addAll)) written = additions;
+    });
+}
+
+void TextIndexer::write(std::span<const IndexEntries::value_type* const> entries,
+                        IndexJsonWriter& writer) {
+    // Copied a few at a time: an entry may be replaced meanwhile, but is never removed.
+    std::vector<std::pair<FileUrl, IndexEntry>> copies;
+    for (bool isTaken = true; isTaken && !entries.empty();) {
+        const auto some = entries.first(std::min(entries.size(), entriesAtOnce));
+        entries = entries.subspan(some.size());
+        copies.clear();
+        index_.with([&](const Index&) {
+            for (const auto* const entry : some) copies.push_back(*entry);
+        });
+        for (const auto& [url, entry] : copies) isTaken = writer.add(url, entry);
+    }
+}
+
+}  // namespace nookwise
