@@ -39,13 +39,18 @@ std::shared_ptr<AppStore> AppStore::create(const Platform& platform) {
 }
 
 AppStore::AppStore(const Platform& platform)
-    : platform_(platform), activityStore_(platform.files, platform.folders.applicationSupport()) {}
+    : platform_(platform),
+      activityStore_(platform.files, platform.folders.applicationSupport()),
+      indexer_(std::make_shared<TextIndexer>(platform.files, platform.metadata, platform.folders,
+                                             platform.reader)) {}
 
 AppStore::~AppStore() {
     scanStop_.request_stop();
     appsStop_.request_stop();
     transferStop_.request_stop();
     leftoversStop_.request_stop();
+    indexStop_.request_stop();
+    quitStop_.request_stop();
 }
 
 void AppStore::removeLeftovers() {

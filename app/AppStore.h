@@ -14,11 +14,14 @@
 #include "model/AppInfo.h"
 #include "model/Scan.h"
 #include "platform/Tasks.h"
+#include "search/Ask.h"
+#include "search/TextIndexer.h"
 
 #include <cstdint>
 #include <memory>
 #include <optional>
 #include <stop_token>
+#include <string>
 #include <unordered_set>
 #include <vector>
 
@@ -50,6 +53,12 @@ class AppStore : public std::enable_shared_from_this<AppStore> {
         std::int64_t bytes;
     };
 
+    /// How many of the files that a run of the indexer reads are done. Has no equality either.
+    struct Indexing {
+        std::size_t done;
+        std::size_t total;
+    };
+
     /// Whether files from the same source are confirmed the next time.
     enum class NextTime { ask, goAhead };
 
@@ -74,6 +83,10 @@ class AppStore : public std::enable_shared_from_this<AppStore> {
     Observable<TextsByUrl> texts;
     Observable<TextsByUrl> lowerTexts;
     Observable<TextsByUrl> sources;
+    /// Present while text is being read.
+    Observable<std::optional<Indexing>> indexing;
+    /// The question on the Ask screen, as typed.
+    Observable<std::string> searchText;
     /// Newest first.
     Observable<std::vector<ActivityEntry>> activity;
     Observable<std::optional<Toast>> toast;
@@ -153,6 +166,10 @@ class AppStore : public std::enable_shared_from_this<AppStore> {
     /// In the background. Does nothing while another one runs.
     void transfer(std::vector<FileUrl> urls, const FileUrl& folder, TransferKind kind);
 
+    // Questions (AppStoreAsk.cpp).
+    /// The first `limit` answers, newest first. Changes nothing.
+    std::vector<AskResult> ask(const ParsedQuery& query, std::size_t limit) const;
+
   private:
     enum class ToastLife { passing, sticky };
 
@@ -164,6 +181,9 @@ class AppStore : public std::enable_shared_from_this<AppStore> {
     void absorb(ScanResult&& result);
     void restartScan();
     void rebuildLibrary();
+    /// Reads the text of the scanned files in the background, in place of a run in progress.
+    void startIndexing();
+    void absorb(const IndexEntries& entries);
     void perform(const TrashRequest& request);
     void showToast(std::string message, std::optional<Uuid> entryID, ToastLife life);
     void record(ActivityEntry entry);
@@ -182,12 +202,17 @@ class AppStore : public std::enable_shared_from_this<AppStore> {
 
     Platform platform_;
     ActivityStore activityStore_;
+    /// Shared with the run in the background, which may outlive the store by a moment.
+    std::shared_ptr<TextIndexer> indexer_;
     std::int64_t scanGeneration_ = 0;
     std::optional<ScanKind> runningScan_;
     std::stop_source scanStop_{std::nostopstate};
     std::stop_source appsStop_{std::nostopstate};
     std::stop_source transferStop_;
     std::stop_source leftoversStop_;
+    std::stop_source indexStop_{std::nostopstate};
+    /// Ends what need not be finished when the application does.
+    std::stop_source quitStop_;
     std::unique_ptr<Tasks::Delay> nextDiskRefresh_;
     std::unique_ptr<Tasks::Delay> toastTimer_;
 };

@@ -55,6 +55,7 @@ void AppStore::absorb(ScanResult&& result) {
     files.set(std::move(result.files));
     rebuildLibrary();
     loadApps();
+    startIndexing();
     phase.set(Phase::ready);
     selectPileWithItems();
     resetChecks();

@@ -7,6 +7,7 @@ class Clock;
 class FileManager;
 class Metadata;
 class Tasks;
+class TextReader;
 class UserDefaults;
 class UserFolders;
 class Workspace;
@@ -20,6 +21,7 @@ struct Platform {
     UserDefaults& defaults;
     const Clock& clock;
     Tasks& tasks;
+    TextReader& reader;
 };
 
 }  // namespace nookwise

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "model/Scan.h"
-#include "platform/SharedBytes.h"
+#include "model/TextsByUrl.h"
 
 #include <unordered_map>
 #include <unordered_set>
@@ -13,8 +13,6 @@ namespace nookwise {
 using UrlSet = std::unordered_set<FileUrl>;
 /// From a file's old place to its new one.
 using Relocation = std::unordered_map<FileUrl, FileUrl>;
-/// A text by file.
-using TextsByUrl = std::unordered_map<FileUrl, SharedBytes>;
 
 // Each returns whether it changed anything.
 

@@ -32,7 +32,7 @@ class RealHome : public testing::Test {
     /// As at a start of the application.
     std::shared_ptr<AppStore> start() {
         auto store = AppStore::create({files, world.metadata, world.folders, world.workspace,
-                                       world.defaults, world.clock, world.tasks});
+                                       world.defaults, world.clock, world.tasks, world.reader});
         store->scan(AppStore::ScanKind::visible);
         world.tasks.runEverything();
         return store;
