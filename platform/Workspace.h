@@ -32,6 +32,10 @@ class Workspace {
     /// Opens the file viewer on these files, selected. Returns at once; what is no longer there is
     /// not looked for. UI thread only.
     virtual void reveal(const std::vector<FileUrl>& urls) = 0;
+
+    /// Opens a file with the user's own program for it; where there is none, reveals it. Never runs
+    /// the file itself. UI thread only.
+    virtual void open(const FileUrl& url) = 0;
 };
 
 }  // namespace nookwise
