@@ -3,9 +3,11 @@
 #include "platform/linux/IniUserDefaults.h"
 #include "platform/linux/LinuxFileManager.h"
 #include "platform/linux/LinuxMetadata.h"
+#include "platform/linux/LinuxTextReader.h"
 #include "platform/linux/LinuxUserFolders.h"
 #include "platform/linux/LinuxWorkspace.h"
 #include "platform/linux/QtTasks.h"
+#include "platform/linux/ReaderProgram.h"
 #include "platform/linux/SingleInstance.h"
 #include "platform/linux/SystemClock.h"
 #include "ui/window/Application.h"
@@ -27,9 +29,10 @@ int main(int argc, char* argv[]) {
     LinuxWorkspace workspace(desktopEntryFolders(base));
     const SystemClock clock;
     IniUserDefaults defaults(userDefaultsFile(base));
+    LinuxTextReader reader(readerProgram());
     QtTasks tasks;
     const int status =
-        application->run({files, metadata, folders, workspace, defaults, clock, tasks});
+        application->run({files, metadata, folders, workspace, defaults, clock, tasks, reader});
     instance->stopAnswering();
     return status;
 }

@@ -15,23 +15,23 @@ class SectionsShown : public StoreFixture {
 
 TEST_F(SectionsShown, standInTheirOrderUnderTheirHeadings) {
     EXPECT_EQ(texts(sidebar.rows(), "label"),
-              QStringList({"Home", "Sweep", "Duplicates", "Activity"}));
-    EXPECT_EQ(texts(sidebar.rows(), "heading"), QStringList({"", "Clean up", "", ""}));
+              QStringList({"Home", "Ask", "Sweep", "Duplicates", "Activity"}));
+    EXPECT_EQ(texts(sidebar.rows(), "heading"), QStringList({"", "", "Clean up", "", ""}));
     EXPECT_EQ(texts(sidebar.rows(), "shortcut"),
-              QStringList({"Ctrl+1", "Ctrl+3", "Ctrl+4", "Ctrl+5"}));
+              QStringList({"Ctrl+1", "Ctrl+F", "Ctrl+3", "Ctrl+4", "Ctrl+5"}));
     for (const auto& glyph : texts(sidebar.rows(), "glyph")) {
         EXPECT_TRUE(QFile::exists(":/Nookwise/assets/icons/" + glyph + ".svg"));
     }
 }
 
 TEST_F(SectionsShown, haveNoCountsWhileThereIsNothingToCount) {
-    EXPECT_EQ(texts(sidebar.rows(), "count"), QStringList({"", "", "", ""}));
+    EXPECT_EQ(texts(sidebar.rows(), "count"), QStringList({"", "", "", "", ""}));
 }
 
 TEST_F(SectionsShown, countBytesToSweepAndCopies) {
     setPile(PileKind::forgotten, {ticked("/a", 1'000 * megabyte)});
     store->duplicates.set({copies({"/x", "/y"}, 500 * megabyte)});
-    EXPECT_EQ(texts(sidebar.rows(), "count"), QStringList({"", "1.5 GB", "1", ""}));
+    EXPECT_EQ(texts(sidebar.rows(), "count"), QStringList({"", "", "1.5 GB", "1", ""}));
 }
 
 TEST_F(SectionsShown, openByKeyAndByRow) {
@@ -39,8 +39,9 @@ TEST_F(SectionsShown, openByKeyAndByRow) {
     sidebar.open("sweep");
     EXPECT_EQ(store->section.get(), AppSection::sweep);
     EXPECT_EQ(sidebar.section(), QStringLiteral("sweep"));
-    EXPECT_EQ(texts(sidebar.rows(), "current"), QStringList({"false", "true", "false", "false"}));
-    sidebar.openRow(2);
+    EXPECT_EQ(texts(sidebar.rows(), "current"),
+              QStringList({"false", "false", "true", "false", "false"}));
+    sidebar.openRow(3);
     EXPECT_EQ(sidebar.section(), QStringLiteral("duplicates"));
     sidebar.open("activity");
     EXPECT_EQ(store->section.get(), AppSection::activity);
@@ -50,7 +51,7 @@ TEST_F(SectionsShown, openByKeyAndByRow) {
 TEST_F(SectionsShown, stayWhenThereIsNoSuchSection) {
     sidebar.open("nowhere");
     sidebar.openRow(-1);
-    sidebar.openRow(4);
+    sidebar.openRow(5);
     EXPECT_EQ(store->section.get(), AppSection::home);
 }
 

@@ -7,9 +7,7 @@
 
 namespace nookwise {
 
-namespace {
-
-bool hidesWhatItIs(QChar character) {
+bool isNotDrawn(QChar character) {
     const auto category = character.category();
     const char16_t unit = character.unicode();
     const bool turnsDirection = unit == 0x200E || unit == 0x200F ||
@@ -19,8 +17,6 @@ bool hidesWhatItIs(QChar character) {
            category == QChar::Separator_Line || category == QChar::Separator_Paragraph;
 }
 
-}  // namespace
-
 QString shown(std::string_view text) {
     return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
 }
@@ -28,7 +24,7 @@ QString shown(std::string_view text) {
 QString shownName(std::string_view bytes) {
     QString name = shown(bytes);
     for (QChar& character : name) {
-        if (hidesWhatItIs(character)) character = QChar::ReplacementCharacter;
+        if (isNotDrawn(character)) character = QChar::ReplacementCharacter;
     }
     return name;
 }

@@ -12,6 +12,9 @@ namespace nookwise {
 /// The application's own UTF-8 text.
 QString shown(std::string_view text);
 
+/// Whether the character is a control character, ends a line, or turns the direction of writing.
+bool isNotDrawn(QChar character);
+
 /// A file's name or path on one line. Bytes that are not UTF-8, control characters and characters
 /// that turn the direction of writing read as U+FFFD, so that no name can pass for another one.
 QString shownName(std::string_view bytes);

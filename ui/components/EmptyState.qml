@@ -11,6 +11,9 @@ Item {
     required property string sentence
     default property alias buttons: row.data
 
+    // Too low for the picture at its full size.
+    readonly property bool tight: height < 520
+
     Column {
         id: column
 
@@ -21,8 +24,8 @@ Item {
 
         Art {
             anchors.horizontalCenter: parent.horizontalCenter
-            width: 285
-            height: 230
+            width: empty.tight ? 228 : 285
+            height: empty.tight ? 184 : 230
             drawing: "art/" + empty.picture
         }
         Item {

@@ -11,6 +11,7 @@ Rectangle {
     required property bool kept
     required property string kindGroup
     required property string kindLabel
+    required property string picture
     required property string spoken
     required property bool marked
 
@@ -50,6 +51,7 @@ Rectangle {
         height: 56
         group: tile.kindGroup
         label: tile.kindLabel
+        picture: tile.picture
     }
     Column {
         anchors.left: well.right

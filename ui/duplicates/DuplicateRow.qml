@@ -111,6 +111,7 @@ Item {
                 kept: copy?.kept ?? false
                 kindGroup: copy?.kindGroup ?? "other"
                 kindLabel: copy?.kindLabel ?? ""
+                picture: copy?.picture ?? ""
                 spoken: copy?.spoken ?? ""
                 marked: index === row.markedCopy
                 onChosen: row.chosen(index)

@@ -4,6 +4,7 @@
 #include "ui/bridge/KindBadge.h"
 #include "ui/bridge/ReplacedRows.h"
 #include "ui/bridge/ShownText.h"
+#include "ui/bridge/ThumbnailProvider.h"
 
 #include <algorithm>
 #include <functional>
@@ -152,6 +153,7 @@ QVariantList DuplicateRows::copiesOf(const DuplicateGroup& group, const Line& li
             {"kept", kept},
             {"kindGroup", kind.group},
             {"kindLabel", kind.label},
+            {"picture", thumbnailSource(file)},
             {"spoken", spokenFolderOf(file.url, home_) +
                            (kept ? QStringLiteral(", kept") : QStringLiteral(", extra"))},
         });

@@ -12,7 +12,7 @@ namespace nookwise {
 /// thousands costs no more to draw than the lines in view. Roles: heading (bool), last (the group's
 /// last line), title, and of a heading caption, size, trashText; of a line perLine (the group's
 /// copies that fit side by side) and copies, a list of maps with place, name, age, kept, kindGroup,
-/// kindLabel, spoken.
+/// kindLabel, picture, spoken.
 class DuplicateRows : public QAbstractListModel {
   public:
     DuplicateRows(const AppStore& store, const Clock& clock, FileUrl home)

@@ -5,6 +5,7 @@
 #include "platform/UserFolders.h"
 #include "ui/bridge/PileTexts.h"
 #include "ui/bridge/ShownText.h"
+#include "ui/bridge/ThumbnailProvider.h"
 
 #include <algorithm>
 #include <array>
@@ -40,7 +41,8 @@ HomeModel::HomeModel(AppStore& store, const Platform& platform, PilesModel& pile
                    {"place", [](const Arrival& file) { return file.place; }},
                    {"age", [](const Arrival& file) { return file.age; }},
                    {"kindGroup", [](const Arrival& file) { return file.kind.group; }},
-                   {"kindLabel", [](const Arrival& file) { return file.kind.label; }}}),
+                   {"kindLabel", [](const Arrival& file) { return file.kind.label; }},
+                   {"picture", [](const Arrival& file) { return file.picture; }}}),
       arrivals_(store.justLanded.observe([this] { arrivalsChanged(); })) {
     connect(&piles, &PilesModel::changed, this, &HomeModel::pilesChanged);
     connect(&scan, &ScanModel::changed, this, &HomeModel::scanChanged);
@@ -115,7 +117,7 @@ void HomeModel::arrivalsChanged() {
         rows.push_back({shownName(file.url.lastPathComponent()),
                         onDesktop ? QStringLiteral("Desktop") : QStringLiteral("Downloads"),
                         shown(Fmt::ago(file.added ? file.added : file.modified, now)),
-                        kindBadge(file.url)});
+                        kindBadge(file.url), thumbnailSource(file)});
     }
     justLanded_.setRows(std::move(rows));
 }

@@ -29,7 +29,7 @@ class HomeModel : public QObject {
     Q_PROPERTY(QAbstractListModel* blocks READ blocks CONSTANT)
     /// One sentence with the blocks' names and sizes.
     Q_PROPERTY(QString spokenBlocks READ spokenBlocks NOTIFY changed)
-    /// The newest arrivals, at most four: name, place, age, kindGroup, kindLabel.
+    /// The newest arrivals, at most four: name, place, age, kindGroup, kindLabel, picture.
     Q_PROPERTY(QAbstractListModel* justLanded READ justLanded CONSTANT)
 
   public:
@@ -61,6 +61,7 @@ class HomeModel : public QObject {
         QString place;
         QString age;
         KindBadge kind;
+        QString picture;
 
         friend bool operator==(const Arrival&, const Arrival&) = default;
     };

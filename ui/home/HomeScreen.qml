@@ -10,6 +10,7 @@ ContentScreen {
     required property PilesModel piles
     required property DiskModel disk
     required property ScanModel scan
+    required property AskModel ask
 
     readonly property bool firstScan: scan.first
     readonly property int gap: frame.narrow ? Theme.space3 : Theme.space4
@@ -19,6 +20,15 @@ ContentScreen {
             page.forceActiveFocus(reason)
         else
             headline.takeFocus(reason)
+    }
+
+    // Letters begin a question.
+    Keys.onPressed: event => {
+        const modified = event.modifiers & (Qt.ControlModifier | Qt.AltModifier | Qt.MetaModifier)
+        if (modified || event.text <= " " || event.text === "\x7f")
+            return
+        ask.askFor(event.text)
+        event.accepted = true
     }
 
     // What had the focus while there was nothing else hands it on.

@@ -38,6 +38,7 @@ Card {
                 required property string age
                 required property string kindGroup
                 required property string kindLabel
+                required property string picture
 
                 width: list.width
                 height: card.frame.narrow ? 48 : 54
@@ -58,6 +59,7 @@ Card {
                     height: 36
                     group: row.kindGroup
                     label: row.kindLabel
+                    picture: row.picture
                 }
                 Column {
                     anchors.left: well.right

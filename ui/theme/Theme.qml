@@ -87,6 +87,11 @@ QtObject {
     readonly property int space7: 28
     readonly property int space8: 40
 
+    // What rich text says of the classes "marked" and, in it, "mark".
+    function markStyle(look: TextStyle): string {
+        return `<style>.marked { white-space: pre-wrap; line-height: ${look.line}px } .mark { background-color: ${mark}; color: ${ink}; font-weight: 600 }</style>`
+    }
+
     // Set where the desktop asks for stillness.
     property bool reducedMotion: false
     readonly property int colourTime: reducedMotion ? 0 : 120

@@ -1,5 +1,6 @@
 #include "ui/window/Application.h"
 
+#include "ui/bridge/ThumbnailProvider.h"
 #include "ui/window/HeldWindow.h"
 #include "ui/window/ViewModels.h"
 #include "ui/window/WindowMemory.h"
@@ -58,6 +59,9 @@ int Application::run(const Platform& platform) {
     ViewModels models(store, platform);
     QQmlApplicationEngine engine;
     engine.addImportPath(QStringLiteral("qrc:/"));
+    // The engine deletes it.
+    engine.addImageProvider(QLatin1String(ThumbnailProvider::name),
+                            new ThumbnailProvider(platform.reader));
     engine.setInitialProperties(models.properties());
     engine.load(QUrl(QStringLiteral("qrc:/Nookwise/window/Main.qml")));
     if (engine.rootObjects().isEmpty()) return EXIT_FAILURE;

@@ -12,6 +12,8 @@ Window {
     required property DiskModel disk
     required property SidebarModel sidebar
     required property HomeModel home
+    required property AskModel ask
+    required property IndexingModel indexing
     required property SweepModel sweep
     required property DuplicatesModel duplicates
     required property ActivityModel activity
@@ -40,6 +42,14 @@ Window {
             scan: scan
         }
         switch (sidebar.section) {
+        case "ask":
+            screens.setSource("../ask/AskScreen.qml", {
+                frame: frame,
+                ask: ask,
+                indexing: indexing,
+                scan: scan
+            })
+            break
         case "sweep":
             screens.setSource("../sweep/SweepScreen.qml", Object.assign(shared, {
                 sweep: sweep,
@@ -61,7 +71,8 @@ Window {
         default:
             screens.setSource("../home/HomeScreen.qml", Object.assign(shared, {
                 home: home,
-                disk: disk
+                disk: disk,
+                ask: ask
             }))
         }
     }
@@ -180,7 +191,11 @@ Window {
 
             Shortcut {
                 sequence: entry.shortcut
-                onActivated: window.sidebar.open(entry.key)
+                onActivated: {
+                    window.sidebar.open(entry.key)
+                    if (entry.key === "ask")
+                        window.focusContent(Qt.ShortcutFocusReason)
+                }
             }
         }
     }

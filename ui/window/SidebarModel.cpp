@@ -32,6 +32,7 @@ struct SectionEntry {
 
 const std::array entries{
     SectionEntry{AppSection::home, "home", "Home", "home", "", "Ctrl+1", noCount},
+    SectionEntry{AppSection::search, "ask", "Ask", "ask", "", "Ctrl+F", noCount},
     SectionEntry{AppSection::sweep, "sweep", "Sweep", "sweep", "Clean up", "Ctrl+3", sweepCount},
     SectionEntry{AppSection::duplicates, "duplicates", "Duplicates", "duplicates", "Clean up",
                  "Ctrl+4", duplicatesCount},

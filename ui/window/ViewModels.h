@@ -4,7 +4,9 @@
 #include "app/AppStore.h"
 #include "app/Platform.h"
 #include "ui/activity/ActivityModel.h"
+#include "ui/ask/AskModel.h"
 #include "ui/bridge/DiskModel.h"
+#include "ui/bridge/IndexingModel.h"
 #include "ui/bridge/PilesModel.h"
 #include "ui/bridge/ScanModel.h"
 #include "ui/duplicates/DuplicatesModel.h"
@@ -38,6 +40,8 @@ class ViewModels {
     DiskModel disk;
     SidebarModel sidebar;
     HomeModel home;
+    IndexingModel indexing;
+    AskModel ask;
     SweepModel sweep;
     ClearedModel cleared;
     DuplicatesModel duplicates;

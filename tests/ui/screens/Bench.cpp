@@ -1,5 +1,9 @@
 #include "tests/ui/screens/Bench.h"
 
+#include "platform/Text.h"
+#include "ui/bridge/ThumbnailProvider.h"
+
+#include <QClipboard>
 #include <QGuiApplication>
 #include <QKeyEvent>
 #include <QQmlComponent>
@@ -21,6 +25,8 @@ void Bench::open(int width, int height) {
     application_ = std::make_unique<Application>();
     application_->fake.files.setVolumeFigures(VolumeFigures{61'270 * megabyte, 494'380 * megabyte});
     application_->store->refreshDisk();
+    engine_.addImageProvider(QLatin1String(ThumbnailProvider::name),
+                             new ThumbnailProvider(application_->fake.reader));
     QQmlComponent component(&engine_, QUrl(QStringLiteral("qrc:/Nookwise/window/Main.qml")));
     QObject* root = component.createWithInitialProperties(application_->models.properties());
     window_.reset(qobject_cast<QQuickWindow*>(root));
@@ -34,6 +40,7 @@ void Bench::open(int width, int height) {
 void Bench::close() {
     window_.reset();
     emit windowChanged();
+    engine_.removeImageProvider(QLatin1String(ThumbnailProvider::name));
     application_.reset();
 }
 
@@ -101,6 +108,40 @@ void Bench::fillActivity(int days, int perDay) {
     application_->store->activity.set(std::move(entries));
 }
 
+void Bench::fillAnswers() {
+    addFile("/home/user/Downloads/Fernhill/Invoice 2201 – Fernhill.pdf", 1, 15);
+    addFile("/home/user/Downloads/scan-0091.pdf", 2, 18);
+    addFile("/home/user/Documents/Kiln service.pdf", 3, 21);
+    addFile("/home/user/Desktop/notes <b>invoice<b>.txt", 4, 40);
+    addFile("/home/user/Documents/harbour.mov", 700, 3);
+    application_->fake.reader.setPdf(
+        "/home/user/Downloads/scan-0091.pdf",
+        "Fernhill Garden Trust. Please find our invoice for the autumn planting, 14 beds and two "
+        "borders along the south wall.\n\nWith thanks for a <i>dry</i> week.");
+    application_->fake.reader.setPdf("/home/user/Documents/Kiln service.pdf",
+                                     "Invoice total 1,240.00, due within thirty days.");
+}
+
+void Bench::setText(const QString& path, const QString& text) {
+    const FileUrl url(path.toStdString());
+    const std::string bytes = text.toStdString();
+    const auto put = [&url](const std::string& value) {
+        return [&url, shared = SharedBytes(value)](TextsByUrl& texts) {
+            texts.insert_or_assign(url, shared);
+            return true;
+        };
+    };
+    application_->store->texts.mutate(put(bytes));
+    application_->store->lowerTexts.mutate(put(lowercased(bytes)));
+    application_->fake.tasks.advance(std::chrono::milliseconds(50));
+}
+
+void Bench::setIndexing(int done, int total) {
+    if (total == 0) return application_->store->indexing.set(std::nullopt);
+    application_->store->indexing.set(
+        AppStore::Indexing{static_cast<std::size_t>(done), static_cast<std::size_t>(total)});
+}
+
 void Bench::runScan() {
     application_->fake.tasks.runEverything();
 }
@@ -145,6 +186,21 @@ bool Bench::exists(const QString& path) {
 
 int Bench::timesRevealed() {
     return static_cast<int>(application_->fake.workspace.revealed.size());
+}
+
+QStringList Bench::openedNames() {
+    QStringList names;
+    for (const auto& url : application_->fake.workspace.opened)
+        names += QString::fromStdString(std::string(url.lastPathComponent()));
+    return names;
+}
+
+QString Bench::question() {
+    return QString::fromStdString(application_->store->searchText.get());
+}
+
+QString Bench::clipboardText() {
+    return QGuiApplication::clipboard()->text();
 }
 
 void Bench::setBusy(int done, int total) {

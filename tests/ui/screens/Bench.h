@@ -37,6 +37,13 @@ class Bench : public QObject {
     Q_INVOKABLE void fillCopies(int groups);
     /// A log with these many changes a day on as many days, the newest today, none put back.
     Q_INVOKABLE void fillActivity(int days, int perDay);
+    /// Invoices and other files, some with text inside, of several ages. To be called before a
+    /// scan.
+    Q_INVOKABLE void fillAnswers();
+    /// What is read inside a file, beside what a scan has found.
+    Q_INVOKABLE void setText(const QString& path, const QString& text);
+    /// So many files' texts are read, or none are under way when `total` is 0.
+    Q_INVOKABLE void setIndexing(int done, int total);
     Q_INVOKABLE void runScan();
     /// What a scan that is on its way reports.
     Q_INVOKABLE void report(const QString& folder, int files, double fraction, const QString& step);
@@ -53,6 +60,10 @@ class Bench : public QObject {
     Q_INVOKABLE bool exists(const QString& path);
     /// How often files were shown in the file browser.
     Q_INVOKABLE int timesRevealed();
+    /// The files that were opened, in order.
+    Q_INVOKABLE QStringList openedNames();
+    Q_INVOKABLE QString question();
+    Q_INVOKABLE QString clipboardText();
     /// A long call is that far, or none is under way when `total` is 0.
     Q_INVOKABLE void setBusy(int done, int total);
     /// Files are on their way to another folder.

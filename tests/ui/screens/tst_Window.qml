@@ -14,7 +14,7 @@ ScreenTest {
 
     function test_keysOpenSections() {
         openWindow()
-        for (const [key, section] of [[Qt.Key_3, "sweep"], [Qt.Key_4, "duplicates"], [Qt.Key_5, "activity"], [Qt.Key_1, "home"]]) {
+        for (const [key, section] of [[Qt.Key_F, "ask"], [Qt.Key_3, "sweep"], [Qt.Key_4, "duplicates"], [Qt.Key_5, "activity"], [Qt.Key_1, "home"]]) {
             keyClick(key, Qt.ControlModifier)
             compare(bench.section(), section)
         }
@@ -24,6 +24,7 @@ ScreenTest {
         openWindow()
         named("Sections")
         named("Home")
+        named("Ask")
         named("Sweep")
         named("Duplicates")
         named("Activity")
@@ -49,6 +50,8 @@ ScreenTest {
         keyClick(Qt.Key_F6)
         compare(window.activeFocusItem.Accessible.name, "Home")
         verify(named("Home").focusShown)
+        keyClick(Qt.Key_Down)
+        compare(window.activeFocusItem.Accessible.name, "Ask")
         keyClick(Qt.Key_Down)
         compare(window.activeFocusItem.Accessible.name, "Sweep")
         verify(named("Sweep").focusShown)

@@ -1,0 +1,192 @@
+#include "ui/ask/AskModel.h"
+
+#include "platform/Clock.h"
+#include "platform/Text.h"
+#include "platform/UserFolders.h"
+#include "search/QueryParser.h"
+#include "search/QuestionText.h"
+#include "ui/bridge/ShownText.h"
+
+#include <algorithm>
+
+namespace nookwise {
+
+namespace {
+
+constexpr std::size_t mostFilters = 12;
+constexpr std::size_t longestWords = 80;
+/// Texts come in by the batch, a few milliseconds apart.
+constexpr std::chrono::milliseconds pause{50};
+
+struct FilterGlyph {
+    QString operator()(const QueryFilter::Exts&) const { return QStringLiteral("kind"); }
+    QString operator()(const QueryFilter::Screenshots&) const { return QStringLiteral("kind"); }
+    QString operator()(const QueryFilter::Dates&) const { return QStringLiteral("sort-date"); }
+    QString operator()(const QueryFilter::Larger&) const { return QStringLiteral("large"); }
+    QString operator()(const QueryFilter::Smaller&) const { return QStringLiteral("large"); }
+    QString operator()(const QueryFilter::Source&) const { return QStringLiteral("from"); }
+};
+
+std::string joined(const std::vector<std::string>& words) {
+    std::string text;
+    for (const auto& word : words) {
+        if (!text.empty()) text += ' ';
+        text += word;
+    }
+    return text;
+}
+
+}  // namespace
+
+AskModel::AskModel(AppStore& store, const Platform& platform)
+    : store_(store),
+      platform_(platform),
+      rows_(platform.folders.home()),
+      filters_({{"glyph", [](const Filter& filter) { return filter.icon; }},
+                {"heading", [](const Filter& filter) { return filter.heading; }},
+                {"label", [](const Filter& filter) { return filter.label; }}}),
+      file_(store, platform) {
+    const auto watch = [this](auto& field, auto whenChanged) {
+        subscriptions_.push_back(field.observe([this, whenChanged] { (this->*whenChanged)(); }));
+    };
+    watch(store.searchText, &AskModel::ask);
+    watch(store.files, &AskModel::answerSoon);
+    watch(store.texts, &AskModel::answerSoon);
+    watch(store.lowerTexts, &AskModel::answerSoon);
+    watch(store.sources, &AskModel::answerSoon);
+    watch(store.section, &AskModel::answerWhenShown);
+    watch(store.phase, &AskModel::answerWhenShown);
+    ask();
+    keepTrue();
+}
+
+QString AskModel::question() const {
+    return shown(store_.searchText.get());
+}
+
+void AskModel::setQuestion(const QString& question) {
+    store_.searchText.set(question.toStdString());
+}
+
+QString AskModel::moreFilters() const {
+    if (query_.filters.size() <= mostFilters) return {};
+    const auto more = static_cast<std::int64_t>(query_.filters.size() - mostFilters);
+    return QStringLiteral("and ") + shownCount(more) + QStringLiteral(" more");
+}
+
+QString AskModel::spokenFilters() const {
+    QStringList spoken;
+    for (const Filter& filter : filters_.rows()) spoken += filter.heading + u' ' + filter.label;
+    return spoken.join(QStringLiteral(", "));
+}
+
+QStringList AskModel::words() const {
+    QStringList words;
+    for (const std::string& word : query_.words) words += shown(word);
+    return words;
+}
+
+QString AskModel::wordsText() const {
+    if (query_.words.empty()) return {};
+    const std::string words = joined(query_.words);
+    const std::string_view begin = firstCharacters(words, longestWords);
+    const QString rest = begin.size() < words.size() ? QStringLiteral("…") : QString();
+    return u'“' + shownName(begin) + rest + QStringLiteral("” in name or text");
+}
+
+QString AskModel::countText() const {
+    const auto count = static_cast<std::int64_t>(rows_.rowCount());
+    QString text;
+    if (more_) {
+        text = QStringLiteral("The newest %1 results").arg(shownCount(count));
+    } else {
+        text = count == 1 ? QStringLiteral("1 result")
+                          : shownCount(count) + QStringLiteral(" results");
+    }
+    return text + QStringLiteral(" · names and text inside files and images");
+}
+
+void AskModel::removeFilter(int row) {
+    const auto position = static_cast<std::size_t>(row);
+    if (row < 0 || position >= query_.filters.size()) return;
+    store_.searchText.set(removePhrase(store_.searchText.get(), query_.filters[position]));
+}
+
+void AskModel::select(int row) {
+    lookAt(std::clamp(row, 0, std::max(rows_.rowCount() - 1, 0)));
+}
+
+QString AskModel::marked(const QString& name, const QStringList& words) {
+    std::vector<std::string> bytes;
+    for (const QString& word : words) bytes.push_back(word.toStdString());
+    return markedText(name.toStdString(), bytes).markup;
+}
+
+void AskModel::askFor(const QString& question) {
+    setQuestion(question);
+    store_.section.set(AppSection::search);
+}
+
+void AskModel::ask() {
+    answer(Selection::first);
+    emit questionChanged();
+}
+
+void AskModel::answer(Selection selection) {
+    soon_.reset();
+    const Date now = platform_.clock.now();
+    query_ = QueryParser::parse(store_.searchText.get(), now);
+    std::vector<AskResult> results = store_.ask(query_, mostShown + 1);
+    more_ = results.size() > mostShown;
+    if (more_) results.pop_back();
+    const int before = selectedRow_;
+    const std::optional<FileUrl> file = file_.url();
+    rows_.setResults(std::move(results), query_.words, now);
+    showFilters();
+    if (selection == Selection::first) {
+        lookAt(0);
+    } else {
+        const int row = file ? rows_.rowOf(*file) : -1;
+        lookAt(row >= 0 ? row : std::clamp(before, 0, std::max(rows_.rowCount() - 1, 0)));
+    }
+    emit changed();
+    emit answered();
+}
+
+void AskModel::answerSoon() {
+    if (!isShown() || soon_) return;
+    soon_ = platform_.tasks.after(pause, [this] { answer(Selection::kept); });
+}
+
+void AskModel::answerWhenShown() {
+    if (isShown()) answer(Selection::kept);
+}
+
+void AskModel::showFilters() {
+    std::vector<Filter> rows;
+    for (const QueryFilter& filter : query_.filters) {
+        if (rows.size() == mostFilters) break;
+        rows.push_back(
+            {std::visit(FilterGlyph(), filter.rule), shown(filter.title), shown(filter.label)});
+    }
+    filters_.setRows(std::move(rows));
+}
+
+void AskModel::lookAt(int row) {
+    const auto& results = rows_.results();
+    const auto position = static_cast<std::size_t>(row);
+    const bool there = position < results.size();
+    selectedRow_ = there ? row : -1;
+    file_.look(there ? std::optional(results[position].file) : std::nullopt, query_.words,
+               platform_.clock.now());
+    emit selected();
+}
+
+void AskModel::keepTrue() {
+    nextMinute_ = platform_.tasks.after(std::chrono::minutes(1), [this] {
+        answerWhenShown();
+        keepTrue();
+    });
+}
+
+}  // namespace nookwise

@@ -1,0 +1,77 @@
+// Where a question is typed.
+import QtQuick
+import QtQuick.Templates as T
+import Nookwise
+
+T.TextField {
+    id: field
+
+    required property string prompt
+    // Follows the prompt in quieter ink.
+    required property string example
+    required property string keyCap
+
+    signal cleared
+
+    readonly property bool blank: text === "" && preeditText === ""
+
+    implicitHeight: 44
+    leftPadding: 47
+    rightPadding: 52
+    verticalAlignment: TextInput.AlignVCenter
+    selectByMouse: true
+    color: Theme.ink
+    selectionColor: Theme.accent
+    selectedTextColor: Theme.accentInk
+    font.family: Theme.lead.family
+    font.pixelSize: Theme.lead.size
+    Accessible.name: prompt + " " + example
+
+    background: Rectangle {
+        radius: Theme.radiusCard
+        color: Theme.card
+        border.width: field.activeFocus ? Theme.strongLine : Theme.hairline
+        border.color: field.activeFocus ? Theme.accent : Theme.lineStrong
+
+        Icon {
+            x: 15
+            anchors.verticalCenter: parent.verticalCenter
+            glyph: "ask"
+        }
+        Row {
+            x: field.leftPadding + 5
+            anchors.verticalCenter: parent.verticalCenter
+            visible: field.blank
+            spacing: Theme.space1
+
+            Label {
+                look: Theme.lead
+                color: Theme.ink2
+                text: field.prompt
+            }
+            Label {
+                look: Theme.lead
+                color: Theme.ink3
+                text: field.example
+            }
+        }
+        KeyCap {
+            anchors.right: parent.right
+            anchors.rightMargin: 14
+            anchors.verticalCenter: parent.verticalCenter
+            visible: field.blank
+            text: field.keyCap
+        }
+    }
+
+    IconButton {
+        anchors.right: parent.right
+        anchors.rightMargin: 14
+        anchors.verticalCenter: parent.verticalCenter
+        visible: !field.blank
+        focusPolicy: Qt.NoFocus
+        glyph: "close"
+        text: "Clear"
+        onClicked: field.cleared()
+    }
+}
