@@ -3,8 +3,10 @@
 #include "platform/linux/IniUserDefaults.h"
 #include "platform/linux/LinuxFileManager.h"
 #include "platform/linux/LinuxMetadata.h"
+#include "platform/linux/LinuxTextReader.h"
 #include "platform/linux/LinuxWorkspace.h"
 #include "platform/linux/QtTasks.h"
+#include "platform/linux/ReaderProgram.h"
 #include "platform/linux/SingleInstance.h"
 #include "platform/linux/SystemClock.h"
 #include "tools/demo/DatedFileManager.h"
@@ -61,8 +63,9 @@ int runOn(Application& application, const KeptHome& kept, const Clock& clock) {
     const SampleFolders folders(kept.home);
     LinuxWorkspace workspace(desktopEntryFolders(base));
     IniUserDefaults defaults(userDefaultsFile(base));
+    LinuxTextReader reader(readerProgram());
     QtTasks tasks;
-    return application.run({files, metadata, folders, workspace, defaults, clock, tasks});
+    return application.run({files, metadata, folders, workspace, defaults, clock, tasks, reader});
 }
 
 void announce(const FileUrl& own, const FileUrl& home) {
