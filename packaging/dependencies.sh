@@ -9,7 +9,12 @@ buildPackages=(
     g++
     libglib2.0-dev
     libicu-dev
+    libleptonica-dev
+    libpoppler-cpp-dev
+    libseccomp-dev
     libssl-dev
+    libtesseract-dev
+    libvips-dev
     ninja-build
     pkg-config
     qt6-base-dev
@@ -21,6 +26,7 @@ buildPackages=(
 # To run it, beyond the libraries that the packages above bring.
 runPackages=(
     fonts-inter
+    poppler-data
     qml6-module-qtqml
     qml6-module-qtqml-models
     qml6-module-qtqml-workerscript
@@ -32,6 +38,8 @@ runPackages=(
     qml6-module-qtquick-window
     qt6-qpa-plugins
     qt6-wayland
+    tesseract-ocr-eng
+    tesseract-ocr-osd
 )
 
 # To test it. The benchmarks are compiled with the tests.
@@ -45,6 +53,7 @@ testPackages=(
     qml6-module-qttest
     strace
     trash-cli
+    zlib1g-dev
 )
 
 # To check its style.
@@ -58,6 +67,8 @@ benchPackages=(
     findutils
     jdupes
     libglib2.0-bin
+    poppler-utils
+    tesseract-ocr
     trash-cli
 )
 
