@@ -14,11 +14,21 @@ constexpr std::size_t batchSize = 24;
 constexpr std::size_t filesBetweenSaves = 120;
 constexpr std::size_t entriesAtOnce = 256;
 
-/// None when the file was changed since, or never read.
-const IndexEntry* validEntry(const IndexEntries& entries, const FileItem& file) {
+/// The end when the file was changed since, or never read.
+template <typename Entries>
+auto findValid(Entries& entries, const FileItem& file) {
     const auto found = entries.find(file.url);
-    if (found == entries.end() || found->second.mtime != modificationTime(file)) return nullptr;
-    return &found->second;
+    return found == entries.end() || found->second.mtime == modificationTime(file) ? found
+                                                                                   : entries.end();
+}
+
+/// Has the entry hold the path's bytes that the list of files holds too. The entry stays in its
+/// place in memory.
+void sharePath(IndexEntries& entries, IndexEntries::iterator entry, const FileUrl& url) {
+    if (entry->first.path().data() == url.path().data()) return;
+    auto node = entries.extract(entry);
+    node.key() = url;
+    entries.insert(std::move(node));
 }
 
 }  // namespace
@@ -39,11 +49,13 @@ decltype(auto) TextIndexer::withIndex(Use use) {
 }
 
 IndexEntries TextIndexer::cached(std::span<const FileItem> files) {
-    return withIndex([&](const Index& index) {
+    return withIndex([&](Index& index) {
         IndexEntries valid;
         for (const auto& file : files) {
-            if (const auto* const entry = validEntry(index.entries, file))
-                valid.emplace(file.url, *entry);
+            const auto entry = findValid(index.entries, file);
+            if (entry == index.entries.end()) continue;
+            valid.emplace(file.url, entry->second);
+            sharePath(index.entries, entry, file.url);
         }
         return valid;
     });
@@ -54,7 +66,7 @@ void TextIndexer::run(std::span<const FileItem> files, const Progress& progress,
     const auto downloads = folders_.downloads();
     const auto work = withIndex([&](const Index& index) {
         return filesToRead(files, downloads, [&](const FileItem& file) {
-            return validEntry(index.entries, file) != nullptr;
+            return findValid(index.entries, file) != index.entries.end();
         });
     });
     if (!work.empty()) readAll(work, downloads, progress, stop);

@@ -1,6 +1,5 @@
-#include "search/IndexJson.h"
 #include "search/JsonInput.h"
-#include "tests/search/GivenBytes.h"
+#include "tests/search/IndexJsonText.h"
 
 #include <cmath>
 #include <limits>
@@ -15,46 +14,8 @@ namespace {
 
 using namespace std::string_literals;
 
-using IndexedFile = std::pair<FileUrl, IndexEntry>;
-
-bool writeTo(const ContentsSink& sink, const std::vector<IndexedFile>& files) {
-    IndexJsonWriter writer(sink);
-    for (const auto& [url, entry] : files) writer.add(url, entry);
-    return writer.finish();
-}
-
-std::string written(const std::vector<IndexedFile>& files) {
-    std::string json;
-    EXPECT_TRUE(writeTo([&](std::string_view bytes) { return json += bytes, true; }, files));
-    return json;
-}
-
-std::optional<IndexEntries> readFrom(std::string json) {
-    GivenBytes file(std::move(json));
-    return indexFromJson(file, file.size());
-}
-
 std::optional<SharedBytes> named(const char* name) {
     return SharedBytes(name);
-}
-
-/// What is read of a text that stands in a file as `json`, quotation marks included.
-std::string textOf(const std::string& json) {
-    const auto entries = readFrom(R"({"/a":{"mtime":1,"text":)" + json + "}}");
-    if (!entries) return "(bad)";
-    return std::string(entries->at(FileUrl("/a")).text.view());
-}
-
-std::string timeOf(const std::string& json) {
-    const auto entries = readFrom(R"({"/a":{"text":"","mtime":)" + json + "}}");
-    if (!entries) return "(bad)";
-    return std::to_string(entries->at(FileUrl("/a")).mtime);
-}
-
-/// Whether the file is read with one entry, in which `members` stand besides what has to.
-bool takesMembers(const std::string& members) {
-    const auto entries = readFrom(R"({"/a":{"mtime":1,)" + members + R"(,"text":"t"}})");
-    return entries == IndexEntries{{FileUrl("/a"), indexEntry(1, "t", std::nullopt)}};
 }
 
 TEST(IndexJson, isAnObjectByPath) {
@@ -183,24 +144,6 @@ TEST(IndexJson, takesEveryEscape) {
     EXPECT_EQ(textOf("\"\x7f\""), "\x7f");
 }
 
-TEST(IndexJson, takesNoOtherEscape) {
-    for (const auto* const text :
-         {R"("\x")", R"("\u12")", R"("\u12g4")", R"("\U0041")", R"("\ud83d")", R"("\ud83dx")",
-          R"("\ud83d\n")", R"("\ud83d\u0041")", R"("\ud83d\ud83d")", R"("\ude00")", R"("\")",
-          R"("\u+123")"})
-        EXPECT_EQ(textOf(text), "(bad)") << text;
-}
-
-TEST(IndexJson, takesNoStringThatIsNoUtf8OrHoldsControls) {
-    for (const auto& text :
-         {"\"\xff\""s, "\"\xc3\""s, "\"\xc0\x80\""s, "\"\xed\xa0\x80\""s, "\"\xf4\x90\x80\x80\""s,
-          "\"a\nb\""s, "\"\0\""s, "\"\x1f\""s, "\"12345678\t12345678\""s, "'a'"s, "a"s, "\"a"s})
-        EXPECT_EQ(textOf(text), "(bad)") << testing::PrintToString(text);
-    EXPECT_FALSE(readFrom("{\"/\xff\":{\"mtime\":1,\"text\":\"\"}}"));
-    EXPECT_FALSE(takesMembers("\"\xff\":1"));
-    EXPECT_FALSE(takesMembers("\"x\":\"\xff\""));
-}
-
 TEST(IndexJson, takesNumbersAsJsonWritesThem) {
     EXPECT_EQ(timeOf("0"), "0.000000");
     EXPECT_EQ(timeOf("-0"), "-0.000000");
@@ -212,40 +155,6 @@ TEST(IndexJson, takesNumbersAsJsonWritesThem) {
     EXPECT_EQ(timeOf("0.5000000000000000000000000000000000000000000000000000001"), "0.500000");
 }
 
-TEST(IndexJson, takesNoOtherNumbers) {
-    for (const auto& number : {"01"s,
-                               "+1"s,
-                               "-"s,
-                               "."s,
-                               ".5"s,
-                               "1."s,
-                               "1.e2"s,
-                               "1e"s,
-                               "1e+"s,
-                               "1e+-2"s,
-                               "1e--2"s,
-                               "--1"s,
-                               "0x10"s,
-                               "NaN"s,
-                               "nan"s,
-                               "Infinity"s,
-                               "-inf"s,
-                               "1e999"s,
-                               "-1e999"s,
-                               "1e-999"s,
-                               "1,5"s,
-                               "\"1\""s,
-                               "null"s,
-                               "true"s,
-                               "[]"s,
-                               ""s,
-                               "1 2"s,
-                               "0"s + std::string(500, '0'),
-                               std::string(500, '1'),
-                               "1."s + std::string(1'000'000, '1')})
-        EXPECT_EQ(timeOf(number), "(bad)") << number.substr(0, 40);
-}
-
 TEST(IndexJson, passesByMembersOfOtherNames) {
     for (const auto* const members :
          {R"("x":1)", R"("x":"y")", R"("x":null)", R"("x":true)", R"("x":false)", R"("x":[])",
@@ -253,36 +162,6 @@ TEST(IndexJson, passesByMembersOfOtherNames) {
           R"("":0,"x":0,"x":0)", R"("source":null)", R"("source":"Slack","source":null)",
           R"("text":"other")", R"("mtime":7,"mtime":1)"})
         EXPECT_TRUE(takesMembers(members)) << members;
-}
-
-TEST(IndexJson, takesNoMemberThatIsNoJson) {
-    for (const auto* const members : {R"("x")",
-                                      R"("x":)",
-                                      R"("x":,)",
-                                      R"("x":nul)",
-                                      R"("x":True)",
-                                      R"("x":[1,])",
-                                      R"("x":[,1])",
-                                      R"("x":[1 2])",
-                                      R"("x":{"a"})",
-                                      R"("x":{"a":1,})",
-                                      R"("x":{a:1})",
-                                      R"("x":{1:1})",
-                                      R"("x":[1})",
-                                      R"("x":{"a":1])",
-                                      R"("x":]")",
-                                      R"(x:1)",
-                                      R"("x":01)",
-                                      R"("source":1)",
-                                      R"("source":nul)",
-                                      R"("source":[])",
-                                      R"("source":nullx)",
-                                      R"("text":null)",
-                                      R"("text":1)",
-                                      R"("mtime":"1")",
-                                      ",",
-                                      R"("x":1,,"y":1)"})
-        EXPECT_FALSE(takesMembers(members)) << members;
 }
 
 TEST(IndexJson, takesTheLastOfEqualNames) {
@@ -313,63 +192,6 @@ TEST(IndexJson, passesByNamesThatAreNoPath) {
     EXPECT_FALSE(readFrom(R"({"a":{"mtime":1}})"));
 }
 
-TEST(IndexJson, isNothingOfAnotherShape) {
-    for (const auto& json : {""s,
-                             " "s,
-                             "null"s,
-                             "[]"s,
-                             "\"\""s,
-                             "0"s,
-                             "{"s,
-                             "}"s,
-                             "{]"s,
-                             "[{}]"s,
-                             "{}}"s,
-                             "{},"s,
-                             "{} x"s,
-                             "{}\0"s,
-                             "\xef\xbb\xbf{}"s,
-                             "{\"/a\"}"s,
-                             "{\"/a\":}"s,
-                             "{\"/a\":null}"s,
-                             "{\"/a\":[]}"s,
-                             "{\"/a\":\"text\"}"s,
-                             "{\"/a\":{}}"s,
-                             "{\"/a\":{\"mtime\":1}}"s,
-                             "{\"/a\":{\"text\":\"\"}}"s,
-                             "{\"/a\":{\"mtime\":1,\"text\":\"\"},}"s,
-                             "{\"/a\":{\"mtime\":1,\"text\":\"\",}}"s,
-                             "{,}"s,
-                             "{\"/a\"{\"mtime\":1,\"text\":\"\"}}"s,
-                             "{\"/a\":{\"mtime\":1 \"text\":\"\"}}"s,
-                             "/* */{}"s,
-                             "{\"\\u002\":{}}"s})
-        EXPECT_FALSE(readFrom(json)) << testing::PrintToString(json);
-}
-
-TEST(IndexJson, isNothingWhenTornAnywhere) {
-    const auto whole =
-        written({{FileUrl("/a\xff"), indexEntry(1'790'000'000.25, "Ä \"x\"\n\x01 😀", {})},
-                 {FileUrl("/b"), indexEntry(-1e300, "", named("Google Drive"))}});
-    ASSERT_TRUE(readFrom(whole));
-    for (std::size_t length = 0; length < whole.size(); ++length)
-        EXPECT_FALSE(readFrom(whole.substr(0, length))) << length;
-}
-
-TEST(IndexJson, withOneByteChangedIsNothingOrAnotherIndex) {
-    const auto whole = written({{FileUrl("/a"), indexEntry(1, "ab\n", named("s"))}});
-    for (std::size_t i = 0; i < whole.size(); ++i) {
-        for (const char byte : "{}[]:,\"\\ nu09-.eE\n\x80\xc3"s + '\0') {
-            auto changed = whole;
-            changed[i] = byte;
-            const auto entries = readFrom(changed);
-            if (!entries) continue;
-            const std::vector<IndexedFile> files(entries->begin(), entries->end());
-            EXPECT_EQ(readFrom(written(files)), entries) << changed;
-        }
-    }
-}
-
 TEST(IndexJson, isTheSameWhereverTheBufferEnds) {
     const std::string member = R"("/\u00e4\"":{"mtime":-1.5e+3,"text":"ä\ud83d\ude00\\","x":[{}]})";
     // The buffer's end falls on each byte of it in turn.
@@ -379,56 +201,6 @@ TEST(IndexJson, isTheSameWhereverTheBufferEnds) {
                   (IndexEntries{{FileUrl("/ä\""), indexEntry(-1500, "ä😀\\", std::nullopt)}}))
             << before;
     }
-}
-
-TEST(IndexJson, endsWhereItWasSaidToEnd) {
-    GivenBytes grown("{}", "{}", 1'000);
-    EXPECT_EQ(indexFromJson(grown, 2), IndexEntries());
-    GivenBytes torn(R"({"/a":{"mtime":1,"text":"x"}})");
-    EXPECT_FALSE(indexFromJson(torn, torn.size() - 1));
-    GivenBytes shorter("{}");
-    EXPECT_EQ(indexFromJson(shorter, 1'000), IndexEntries());
-}
-
-constexpr std::uint64_t gigabyte = 1'000'000'000;
-
-/// How many bytes are read of a gigabyte before it is seen to be no index.
-std::uint64_t bytesReadOf(std::string beginning, std::string repeated) {
-    GivenBytes file(std::move(beginning), std::move(repeated), gigabyte);
-    EXPECT_FALSE(indexFromJson(file, file.size()));
-    return file.position();
-}
-
-TEST(IndexJson, isSoonSeenNotToBeIn) {
-    constexpr std::uint64_t little = 2 << 20U;
-    EXPECT_LE(bytesReadOf("", "\0"s), little);
-    EXPECT_LE(bytesReadOf("", "\x8f\x13garbage"), little);
-    EXPECT_LE(bytesReadOf("", "["), little);
-    EXPECT_LE(bytesReadOf("", "{\"\":"), little);
-    EXPECT_LE(bytesReadOf("[", "{\"/a\":{\"mtime\":1,\"text\":\"x\"}},"), little);
-    EXPECT_LE(bytesReadOf("{\"/a\":{\"x\":", "["), little);
-    EXPECT_LE(bytesReadOf("{\"/a\":{\"x\":", "{\"y\":"), little);
-    EXPECT_LE(bytesReadOf("{\"/a\":{\"mtime\":", "1"), little);
-    EXPECT_LE(bytesReadOf("{\"/a\":{\"mtime\":0.", "0"), little);
-    EXPECT_LE(bytesReadOf("{\"/a\":{\"mtime\":1e", "0"), little);
-}
-
-TEST(IndexJson, hasNoStringThatNeverEnds) {
-    constexpr std::uint64_t most = JsonInput::longestString + (2 << 20U);
-    EXPECT_LE(bytesReadOf("{\"", "x"), most);
-    EXPECT_LE(bytesReadOf("{\"/a\":{\"text\":\"", "x"), most);
-    EXPECT_LE(bytesReadOf("{\"/a\":{\"y\":\"", "xyzzy"), most);
-    EXPECT_LE(bytesReadOf("{\"/a\":{\"text\":\"", "\\n"), 2 * most);
-}
-
-TEST(IndexJson, needsLittleMemoryForMuchThatSaysNothing) {
-    GivenBytes spaces("", " ", gigabyte / 100);
-    EXPECT_FALSE(indexFromJson(spaces, spaces.size()));
-    EXPECT_EQ(spaces.position(), spaces.size());
-    GivenBytes again("{\"/a\":{\"mtime\":1,\"text\":\"x\"}", ",\"/a\":{\"mtime\":2,\"text\":\"\"}",
-                     gigabyte / 100);
-    EXPECT_FALSE(indexFromJson(again, again.size()));
-    EXPECT_EQ(again.position(), again.size());
 }
 
 }  // namespace
