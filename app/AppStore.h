@@ -183,6 +183,8 @@ class AppStore : public std::enable_shared_from_this<AppStore> {
     void rebuildLibrary();
     /// Reads the text of the scanned files in the background, in place of a run in progress.
     void startIndexing();
+    void readUnread(std::shared_ptr<const std::vector<FileItem>> scanned,
+                    const std::stop_token& stop);
     void absorb(const IndexEntries& entries);
     void perform(const TrashRequest& request);
     void showToast(std::string message, std::optional<Uuid> entryID, ToastLife life);

@@ -21,6 +21,14 @@ void inPieces(IndexEntries entries, Take take) {
     }
 }
 
+/// Runs `work` on the UI thread, unless the store has ended.
+template <typename Work>
+void postTo(const std::weak_ptr<AppStore>& weak, Tasks& tasks, Work work) {
+    tasks.post([weak, work = std::move(work)] {
+        if (const auto store = weak.lock()) work(*store);
+    });
+}
+
 void merge(Observable<TextsByUrl>& texts, const IndexEntries& entries,
            const SharedBytes* (*textOf)(const IndexEntry&)) {
     texts.mutate([&](TextsByUrl& known) {
@@ -42,28 +50,39 @@ void merge(Observable<TextsByUrl>& texts, const IndexEntries& entries,
 void AppStore::startIndexing() {
     indexStop_.request_stop();
     indexStop_ = std::stop_source();
+    // What is known from earlier runs can be found before anything is read, and does not wait for
+    // an idle computer.
+    platform_.tasks.detach(TaskPriority::userInitiated,
+                           [weak = weak_from_this(), &tasks = platform_.tasks, indexer = indexer_,
+                            scanned = std::make_shared<const std::vector<FileItem>>(files.get()),
+                            stop = indexStop_.get_token()] {
+                               inPieces(indexer->cached(*scanned), [&](IndexEntries&& known) {
+                                   postTo(weak, tasks,
+                                          [stop, known = std::move(known)](AppStore& store) {
+                                              if (!stop.stop_requested()) store.absorb(known);
+                                          });
+                               });
+                               postTo(weak, tasks, [stop, scanned](AppStore& store) {
+                                   if (!stop.stop_requested()) store.readUnread(scanned, stop);
+                               });
+                           });
+}
+
+void AppStore::readUnread(std::shared_ptr<const std::vector<FileItem>> scanned,
+                          const std::stop_token& stop) {
     platform_.tasks.detach(
         TaskPriority::utility,
         [weak = weak_from_this(), &tasks = platform_.tasks, indexer = indexer_,
-         scanned = files.get(), soon = indexStop_.get_token(), atOnce = quitStop_.get_token()] {
-            const auto onUi = [&](auto work) {
-                tasks.post([weak, work = std::move(work)] {
-                    if (const auto store = weak.lock()) work(*store);
-                });
-            };
-            // What is known from earlier runs can be found before anything is read.
-            inPieces(indexer->cached(scanned), [&](IndexEntries&& known) {
-                onUi([known = std::move(known)](AppStore& store) { store.absorb(known); });
-            });
+         scanned = std::move(scanned), soon = stop, atOnce = quitStop_.get_token()] {
             const auto report = [&](IndexEntries&& fresh, std::size_t done, std::size_t total) {
-                onUi([fresh = std::move(fresh), done, total, soon](AppStore& store) {
+                postTo(weak, tasks, [fresh = std::move(fresh), done, total, soon](AppStore& store) {
                     store.absorb(fresh);
-                    // A run that has been replaced keeps what it read, but has no more to say.
+                    // A run that was replaced keeps what it read, but has no more to say.
                     if (!soon.stop_requested()) store.indexing.set(Indexing{done, total});
                 });
             };
-            indexer->run(scanned, report, {.soon = soon, .atOnce = atOnce});
-            onUi([soon](AppStore& store) {
+            indexer->run(*scanned, report, {.soon = soon, .atOnce = atOnce});
+            postTo(weak, tasks, [soon](AppStore& store) {
                 if (!soon.stop_requested()) store.indexing.set(std::nullopt);
             });
         });

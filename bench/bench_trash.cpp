@@ -55,7 +55,7 @@ class Sweep {
         world_.folders.applicationSupportFolder = FileUrl((home.dataHome() / "Nookwise").native());
         world_.defaults.setBoolean("skipConfirm.Bench", true);
         store_ = AppStore::create({files_, world_.metadata, world_.folders, world_.workspace,
-                                   world_.defaults, world_.clock, world_.tasks});
+                                   world_.defaults, world_.clock, world_.tasks, world_.reader});
         std::vector<FileItem> items;
         Piles piles;
         for (const auto& path : home.files()) {

@@ -35,14 +35,12 @@ class StoreIndexing : public StoreFixture {
         ASSERT_TRUE(world.tasks.runBackgroundTask());
         world.tasks.runUiTasks();
     }
-    /// The background work that waits last: the applications are loaded before it.
-    std::function<void()> takeIndexing() {
-        std::function<void()> work;
-        while (world.tasks.waitingBackgroundTasks() > 0) {
-            if (work) work();
-            work = world.tasks.takeBackgroundTask();
-        }
-        return work;
+    /// The reading, after the applications and the known texts have been loaded.
+    std::function<void()> takeReading() {
+        while (world.tasks.waitingBackgroundTasks() > 0)
+            EXPECT_TRUE(world.tasks.runBackgroundTask());
+        world.tasks.runUiTasks();
+        return world.tasks.takeBackgroundTask();
     }
 
     Subscription noteProgress(AppStore& store) {
@@ -82,9 +80,9 @@ TEST_F(StoreIndexing, runsAtUtilityPriorityAfterEveryScan) {
     const auto store = launch();
     scanOnly(*store);
     EXPECT_EQ(store->phase.get(), Phase::ready) << "nobody waits for it";
-    EXPECT_EQ(world.tasks.detachedPriorities().back(), TaskPriority::utility);
     EXPECT_EQ(at(store->texts, receipt), std::nullopt);
     world.tasks.runEverything();
+    EXPECT_EQ(world.tasks.detachedPriorities().back(), TaskPriority::utility);
     EXPECT_EQ(at(store->texts, receipt), "INVOICE 17");
 }
 
@@ -158,7 +156,7 @@ TEST_F(StoreIndexing, isReplacedByThatOfTheNextScanWhichKeepsWhatWasRead) {
     const auto store = launch();
     const auto subscription = noteProgress(*store);
     scanOnly(*store);
-    const auto first = takeIndexing();
+    const auto first = takeReading();
     store->scan(ScanKind::quiet);
     const auto nextScan = world.tasks.takeBackgroundTask();
     // The next scan lands while the first run is about to complete its second batch.
@@ -178,11 +176,27 @@ TEST_F(StoreIndexing, isReplacedByThatOfTheNextScanWhichKeepsWhatWasRead) {
         << "a run that was replaced has no more to say";
 }
 
-TEST_F(StoreIndexing, endsWithTheStore) {
+TEST_F(StoreIndexing, endsAtOnceWithTheStoreInTheMiddleOfAFile) {
+    addReceipt();
+    auto store = launch();
+    scanOnly(*store);
+    const auto work = takeReading();
+    // The file is under way when the store ends; the reader looks for a stop after this.
+    world.reader.onCall([&](const FakeTextReader::Call&) { store.reset(); });
+    work();
+    world.reader.onCall({});
+    world.tasks.runEverything();
+    const auto next = launch();
+    scan(*next);
+    EXPECT_EQ(at(next->texts, receipt), "INVOICE 17") << "it was not taken for a file without text";
+    EXPECT_EQ(world.reader.calls().size(), 2u);
+}
+
+TEST_F(StoreIndexing, ofManyFilesEndsBeforeTheNextChunkWhenTheStoreDoes) {
     addDownloads(40);
     auto store = launch();
     scanOnly(*store);
-    const auto work = takeIndexing();
+    const auto work = takeReading();
     std::atomic<int> questions{0};
     world.metadata.onQuestion([&](const FileUrl&) {
         if (++questions == 8) store.reset();
@@ -193,6 +207,41 @@ TEST_F(StoreIndexing, endsWithTheStore) {
     const auto next = launch();
     scan(*next);
     EXPECT_EQ(next->texts.get().size(), 40u);
+}
+
+TEST_F(StoreIndexing, isNotBegunByAScanThatWasReplaced) {
+    addReceipt();
+    const auto store = launch();
+    store->scan(ScanKind::visible);
+    ASSERT_TRUE(world.tasks.runBackgroundTask());
+    const auto detached = world.tasks.detachedPriorities().size();
+    store->scan(ScanKind::visible);
+    world.tasks.runUiTasks();
+    EXPECT_EQ(world.tasks.detachedPriorities().size(), detached + 1) << "the next scan alone";
+}
+
+TEST_F(StoreIndexing, thatWasReplacedWhileItsKnownTextsWaitHandsThemOnNoMore) {
+    addReceipt();
+    {
+        const auto store = launch();
+        scan(*store);
+    }
+    const auto store = launch();
+    scanOnly(*store);
+    store->scan(ScanKind::quiet);
+    int changes = 0;
+    const auto subscription = store->texts.observe([&] { ++changes; });
+    world.tasks.runEverything();
+    EXPECT_EQ(changes, 1);
+    EXPECT_EQ(at(store->texts, receipt), "INVOICE 17");
+}
+
+TEST_F(StoreIndexing, tellsEveryStepOfItsProgressAlsoEqualOnes) {
+    const auto store = launch();
+    const auto subscription = noteProgress(*store);
+    scan(*store);
+    scan(*store);
+    EXPECT_EQ(told, (std::vector<std::string>{"ended", "ended"})) << "there was nothing to read";
 }
 
 TEST_F(StoreIndexing, leavesFilesUnreadWhileReadingIsNotToBeHad) {
