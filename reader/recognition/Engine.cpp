@@ -67,9 +67,11 @@ std::vector<RecognisedLine> Engine::read(const TextPicture& picture) {
 std::vector<std::string> installedLanguages() {
     tesseract::TessBaseAPI api;
     api.SetVariable("debug_file", "/dev/null");
+    // It finds out where the data lies before it misses this language, and says so to the debug
+    // file, which is then open for good.
+    (void)api.Init(nullptr, "none", tesseract::OEM_LSTM_ONLY);
     std::vector<std::string> languages;
-    if (api.Init(nullptr, nullptr, tesseract::OEM_DEFAULT) == 0)
-        api.GetAvailableLanguagesAsVector(&languages);
+    api.GetAvailableLanguagesAsVector(&languages);
     return languages;
 }
 
