@@ -15,7 +15,7 @@ namespace nookwise {
 enum class RecognitionGrade {
     /// The picture is read at no more than 1,400 pixels on its long side.
     fast,
-    /// At no more than 2,400 pixels, with the language's words as a guide.
+    /// At no more than 2,400 pixels.
     accurate,
 };
 
@@ -37,9 +37,11 @@ struct Picture {
 
 /// Every operation may be called from any thread and returns when the file has been read: within a
 /// time limit, whatever the file holds. A value is what the file says, and is empty when it says
-/// nothing, cannot be opened or decoded, or is more than the limits allow. An error means that
-/// nothing was learnt about the file: reading is not to be had at all, or a stop was requested
-/// (std::errc::operation_canceled), which ends the reading at once.
+/// nothing, may not be read, is no regular file, cannot be decoded, or is more than the limits
+/// allow. An error means that nothing was learnt about the file and that it is worth another try
+/// some day: it is not where it was, the system had no room, a stop was requested
+/// (std::errc::operation_canceled), which ends the reading at once. An error with another URL than
+/// the file's means that no file can be read at present.
 class TextReader {
   public:
     virtual ~TextReader() = default;

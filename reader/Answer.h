@@ -16,7 +16,7 @@ struct Answer {
     std::string bytes;
 };
 
-/// Does the job on the file. May throw: then the file gives nothing.
+/// Does the job on the file. May throw, which ends the process.
 using Work = std::function<Answer(const ReaderRequest&, PassedFile&)>;
 
 }  // namespace nookwise

@@ -69,8 +69,8 @@ class Descriptor {
 };
 
 /// 0, or why not.
-int allowReading(const Descriptor& ruleset, const std::string& folder) {
-    const Descriptor opened(::open(folder.c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC));
+int allowReading(const Descriptor& ruleset, const std::string& path) {
+    const Descriptor opened(::open(path.c_str(), O_PATH | O_CLOEXEC));
     if (!opened.isOpen()) return 0;
     const landlock_path_beneath_attr rule{.allowed_access = LANDLOCK_ACCESS_FS_READ_FILE,
                                           .parent_fd = opened.number()};
@@ -92,7 +92,7 @@ int closeFileSystem(std::span<const std::string> readable) {
     if (!isTheOnlyThread()) return EBUSY;
     const auto newest =
         ::syscall(SYS_landlock_create_ruleset, nullptr, 0, LANDLOCK_CREATE_RULESET_VERSION);
-    if (newest < 1) return errno;
+    if (newest < 1) return newest < 0 ? errno : ENOSYS;
     const auto known = std::min(static_cast<std::size_t>(newest), versions.size());
     const auto& version = versions.at(known - 1);
     const Ruleset rules{.fileSystem = lowestBits(version.fileSystemRights),
@@ -101,8 +101,8 @@ int closeFileSystem(std::span<const std::string> readable) {
     const Descriptor ruleset(
         ::syscall(SYS_landlock_create_ruleset, &rules, version.rulesetSize, 0));
     if (!ruleset.isOpen()) return errno;
-    for (const auto& folder : readable) {
-        if (const int error = allowReading(ruleset, folder); error != 0) return error;
+    for (const auto& path : readable) {
+        if (const int error = allowReading(ruleset, path); error != 0) return error;
     }
     if (::prctl(PR_SET_NO_NEW_PRIVS, 1, 0, 0, 0) != 0) return errno;
     return ::syscall(SYS_landlock_restrict_self, ruleset.number(), 0) == 0 ? 0 : errno;

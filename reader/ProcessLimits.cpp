@@ -7,6 +7,7 @@
 
 #include <fcntl.h>
 #include <linux/ioprio.h>
+#include <malloc.h>
 #include <poll.h>
 #include <sched.h>
 #include <signal.h>
@@ -62,6 +63,8 @@ void limitResources(int lastDescriptor) {
     limit(RLIMIT_DATA, mostMemory);
 #endif
     limit(RLIMIT_STACK, mostStack);
+    // Processor time is for the application to watch: it is allowed by the file, not by the
+    // process.
     limit(RLIMIT_NOFILE, mostDescriptors);
     limit(RLIMIT_FSIZE, 0);
     // A library's warning that goes to a file is lost, and nothing else.
@@ -79,6 +82,11 @@ void yieldToEverybody() {
     if (score < 0) return;
     [[maybe_unused]] const auto written = ::write(score, "1000", 4);
     ::close(score);
+}
+
+std::size_t heldMemory() {
+    const auto held = ::mallinfo2();
+    return held.arena + held.hblkhd;
 }
 
 }  // namespace nookwise

@@ -7,9 +7,11 @@
 #include "reader/ProcessLimits.h"
 #include "reader/Serve.h"
 #include "reader/SystemCallFilter.h"
+#include "reader/recognition/LanguageData.h"
 #include "reader/recognition/Pictures.h"
 #include "reader/recognition/Recogniser.h"
 
+#include <cerrno>
 #include <cstdlib>
 #include <memory>
 #include <optional>
@@ -22,11 +24,24 @@ namespace {
 
 enum class Role { text, pictures };
 
-enum ExitCode { ended = 0, brokenConversation = 1, cannotWork = 2 };
+enum ExitCode { ended = 0, brokenConversation = 1, cannotWork = 2, brokenWork = 3 };
 
 /// The libraries' farewells would make calls that are refused by then.
 [[noreturn]] void end(ExitCode code) {
     std::_Exit(code);
+}
+
+ExitCode exitCodeOf(ServeEnd served) {
+    switch (served) {
+        case ServeEnd::closed:
+        case ServeEnd::full:
+            return ended;
+        case ServeEnd::broken:
+            return brokenConversation;
+        case ServeEnd::thrown:
+            return brokenWork;
+    }
+    return brokenConversation;
 }
 
 std::optional<Role> roleNamed(std::string_view name) {
@@ -40,28 +55,19 @@ const std::string popplerData = "/usr/share/poppler";
 /// For pages that do not bring their fonts along.
 const std::vector<std::string> systemFonts{"/usr/share/fonts", "/usr/local/share/fonts"};
 
-/// Languages are loaded when a picture asks for them. Distributions put them into different places.
-std::vector<std::string> languageFolders() {
-    if (const char* folder = std::getenv("TESSDATA_PREFIX")) return {folder};
-    return {"/usr/share/tesseract-ocr", "/usr/share/tesseract", "/usr/share/tessdata"};
+std::vector<std::string> readablePaths(Role role) {
+    auto paths = role == Role::text ? languagePaths() : systemFonts;
+    paths.push_back(popplerData);
+    return paths;
 }
 
-std::vector<std::string> readableFolders(Role role) {
-    auto folders = role == Role::text ? languageFolders() : systemFonts;
-    folders.push_back(popplerData);
-    return folders;
-}
-
-ReaderGreeting confine(Role role, const MissingConfinement& missing) {
-    const auto readable = readableFolders(role);
-    ReaderGreeting greeting{.fileSystemError = missing.fileSystemError,
-                            .systemCallsError = missing.systemCallsError};
+void confine(Role role, ReaderGreeting& greeting) {
+    const auto readable = readablePaths(role);
     if (greeting.fileSystemError == 0) greeting.fileSystemError = closeFileSystem(readable);
     // A filter of calls sees no names, so that without the former nothing may be opened.
     const auto openCalls = greeting.fileSystemError == 0 ? OpenCalls::allowed : OpenCalls::refused;
     if (greeting.systemCallsError == 0)
         greeting.systemCallsError = filterSystemCalls(readerSocket, openCalls);
-    return greeting;
 }
 
 Answer answerOf(std::optional<Picture> picture) {
@@ -108,15 +114,21 @@ void runReader(const ReaderSetup& setup) {
     limitResources(readerSocket);
 
     preparePictures();
-    const auto recogniser = role == Role::text ? Recogniser::create() : nullptr;
+    const bool mayRecognise = role == Role::text && setup.missing.recognitionError == 0;
+    const auto recogniser = mayRecognise ? createRecogniser() : nullptr;
     const auto pdfUse = role == Role::text ? PdfUse::text : PdfUse::textAndThumbnails;
-    if (!preparePdf(pdfUse) || (role == Role::text && recogniser == nullptr)) end(cannotWork);
+    if (!preparePdf(pdfUse)) end(cannotWork);
 
-    if (!greet(readerSocket, confine(*role, setup.missing))) end(brokenConversation);
+    ReaderGreeting greeting{.fileSystemError = setup.missing.fileSystemError,
+                            .systemCallsError = setup.missing.systemCallsError,
+                            .recognitionError = recogniser == nullptr ? ENOENT : 0};
+    confine(*role, greeting);
+    if (greeting.fileSystemError != 0 && greeting.systemCallsError != 0) end(cannotWork);
+    if (!greet(readerSocket, greeting)) end(brokenConversation);
     const auto served = serve(readerSocket, [&](const ReaderRequest& request, PassedFile& file) {
         return answer(request, file, recogniser.get(), setup.otherWork);
     });
-    end(served == ServeEnd::closed ? ended : brokenConversation);
+    end(exitCodeOf(served));
 }
 
 }  // namespace nookwise

@@ -1,5 +1,7 @@
 #include "reader/Serve.h"
 
+#include "reader/ProcessLimits.h"
+
 #include <array>
 #include <cerrno>
 #include <cstddef>
@@ -66,20 +68,27 @@ Received receive(int socket, ReaderRequest& request, std::optional<PassedFile>& 
     return file->isRegular() ? Received::request : Received::nonsense;
 }
 
-/// The libraries throw what they like at a broken file.
-Answer answerTo(const ReaderRequest& request, PassedFile& file, const Work& work) {
+/// None where the work threw.
+std::optional<Answer> answerTo(const ReaderRequest& request, PassedFile& file, const Work& work) {
     try {
         auto answer = work(request, file);
         return answer.bytes.size() <= longestReply ? answer : Answer();
     } catch (...) {
-        return {};
+        return std::nullopt;
     }
 }
 
-bool sendAnswer(int socket, const Answer& answer) {
-    const ReaderReply reply{
-        .width = answer.size.width, .height = answer.size.height, .length = answer.bytes.size()};
+bool sendAnswer(int socket, const Answer& answer, ReaderThen then) {
+    const ReaderReply reply{.width = answer.size.width,
+                            .height = answer.size.height,
+                            .length = answer.bytes.size(),
+                            .then = then};
     return sendAll(socket, bytesOf(reply)) && sendAll(socket, answer.bytes);
+}
+
+/// Libraries lose memory over broken files. It must not be missing for a good one.
+bool isFull(const Answer& answer) {
+    return heldMemory() > mostHeldMemory + answer.bytes.capacity();
 }
 
 }  // namespace
@@ -96,9 +105,13 @@ ServeEnd serve(int socket, const Work& work) {
         if (received == Received::end) return ServeEnd::closed;
         if (received == Received::nonsense) return ServeEnd::broken;
         const auto answer = answerTo(request, *file, work);
+        if (!answer) return ServeEnd::thrown;
         // Whoever has the answer may expect the file to be closed.
         file.reset();
-        if (!sendAnswer(socket, answer)) return ServeEnd::broken;
+        const bool isLast = isFull(*answer);
+        if (!sendAnswer(socket, *answer, isLast ? ReaderThen::ends : ReaderThen::waits))
+            return ServeEnd::broken;
+        if (isLast) return ServeEnd::full;
     }
 }
 

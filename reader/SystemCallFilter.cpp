@@ -77,8 +77,8 @@ scmp_arg_cmp flags(unsigned argument, std::uint64_t mask, std::uint64_t set) {
 
 void allowMemory(Filter& filter) {
     filter.allow({SCMP_SYS(brk), SCMP_SYS(munmap), SCMP_SYS(mremap), SCMP_SYS(madvise)});
-    // No new code.
-    filter.allow(SCMP_SYS(mmap), {flags(2, PROT_EXEC, 0)});
+    // No new code; and nothing that the limit of memory would not count.
+    filter.allow(SCMP_SYS(mmap), {flags(2, PROT_EXEC, 0), flags(3, MAP_SHARED | MAP_GROWSDOWN, 0)});
     filter.allow(SCMP_SYS(mprotect), {flags(2, PROT_EXEC, 0)});
 }
 
@@ -111,7 +111,8 @@ void allowDescriptors(Filter& filter, int socket) {
     filter.allow({SCMP_SYS(read), SCMP_SYS(pread64), SCMP_SYS(readv), SCMP_SYS(lseek),
                   SCMP_SYS(close), SCMP_SYS(fstat), SCMP_SYS(poll), SCMP_SYS(ppoll)});
     // The way in which the C library asks about an open file. A filter cannot see whether a path is
-    // given all the same, which would tell that a file exists and how long it is, but no more.
+    // given all the same, which tells what the file system keeps about any file whose path is known
+    // (size, times, owner), but nothing that is in it and no names.
     filter.allow(SCMP_SYS(newfstatat), {flags(3, AT_EMPTY_PATH, AT_EMPTY_PATH)});
     filter.allow(SCMP_SYS(write), {equal(0, STDERR_FILENO)});
     filter.allow(SCMP_SYS(writev), {equal(0, STDERR_FILENO)});

@@ -1,7 +1,6 @@
 #include "search/EntryReader.h"
 
 #include "model/ScreenshotName.h"
-#include "platform/Text.h"
 #include "search/DownloadSource.h"
 #include "search/IndexCandidates.h"
 
@@ -11,9 +10,9 @@
 
 namespace nookwise {
 
-std::vector<std::optional<IndexEntry>> EntryReader::read(std::span<const FileItem> files,
-                                                         const std::stop_token& stop) const {
-    std::vector<std::optional<IndexEntry>> entries(files.size());
+std::vector<Result<IndexEntry>> EntryReader::read(std::span<const FileItem> files,
+                                                  const std::stop_token& stop) const {
+    std::vector<Result<IndexEntry>> entries(files.size(), FileError());
     const auto readAt = [&](std::size_t i) { entries[i] = read(files[i], stop); };
     std::vector<std::jthread> helpers;
     std::vector<std::size_t> ours;
@@ -34,11 +33,10 @@ std::vector<std::optional<IndexEntry>> EntryReader::read(std::span<const FileIte
     return entries;
 }
 
-std::optional<IndexEntry> EntryReader::read(const FileItem& file,
-                                            const std::stop_token& stop) const {
+Result<IndexEntry> EntryReader::read(const FileItem& file, const std::stop_token& stop) const {
     const auto text = this->text(file.url, stop);
-    if (!text) return std::nullopt;
-    return indexEntry(modificationTime(file), wellFormed(text.value()), source(file.url));
+    if (!text) return text.error();
+    return indexEntry(modificationTime(file), text.value(), source(file.url));
 }
 
 Result<std::string> EntryReader::text(const FileUrl& url, const std::stop_token& stop) const {

@@ -20,13 +20,13 @@ class EntryReader {
     EntryReader(const Metadata& metadata, TextReader& reader, FileUrl downloads)
         : metadata_(metadata), reader_(reader), downloads_(std::move(downloads)) {}
 
-    /// The files' entries in their order, read at the same time; none for a file about which
-    /// nothing was learnt. Ends soon after a stop request.
-    std::vector<std::optional<IndexEntry>> read(std::span<const FileItem> files,
-                                                const std::stop_token& stop) const;
+    /// The files' entries in their order, read at the same time; for a file about which nothing was
+    /// learnt, the reader's error. Ends soon after a stop request.
+    std::vector<Result<IndexEntry>> read(std::span<const FileItem> files,
+                                         const std::stop_token& stop) const;
 
   private:
-    std::optional<IndexEntry> read(const FileItem& file, const std::stop_token& stop) const;
+    Result<IndexEntry> read(const FileItem& file, const std::stop_token& stop) const;
     Result<std::string> text(const FileUrl& url, const std::stop_token& stop) const;
     std::optional<SharedBytes> source(const FileUrl& url) const;
 

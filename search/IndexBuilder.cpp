@@ -9,10 +9,13 @@ namespace {
 constexpr std::size_t batchSize = 256;
 // Enough that neither side waits for the other without need.
 constexpr std::size_t mostBatches = 16;
+// The buckets of a large index count beside its texts, and it is rarely searched by path.
+constexpr float entriesPerBucket = 2;
 
 }  // namespace
 
 IndexBuilder::IndexBuilder() {
+    entries_.max_load_factor(entriesPerBucket);
     try {
         helper_ = std::jthread([this] { work(); });
     } catch (const std::system_error&) {

@@ -1,10 +1,7 @@
 #include "search/IndexJson.h"
 
 #include "platform/Text.h"
-#include "search/IndexBuilder.h"
-#include "search/JsonInput.h"
 #include "search/JsonPlainText.h"
-#include "search/SharedNames.h"
 
 #include <array>
 #include <charconv>
@@ -15,73 +12,11 @@
 namespace nookwise {
 namespace {
 
-constexpr std::string_view urlScheme = "file:";
-
 constexpr std::size_t pieceSize = std::size_t{256} << 10U;
 
 bool canBeReadBack(const IndexEntry& entry) {
-    return std::isfinite(entry.mtime) && entry.text.view().size() <= JsonInput::longestString;
+    return std::isfinite(entry.mtime) && entry.text.view().size() <= longestIndexedText;
 }
-
-std::optional<FileUrl> urlFromName(std::string_view name) {
-    if (name.starts_with(urlScheme)) return FileUrl::fromUrlString(name);
-    return name.starts_with('/') ? std::optional(FileUrl(name)) : std::nullopt;
-}
-
-class IndexReader {
-  public:
-    IndexReader(FileReader& file, std::uint64_t limit) : input_(file, limit) {}
-
-    std::optional<IndexEntries> read() {
-        if (!readObject([this] { return readFile(); }) || !input_.isAtEnd()) return std::nullopt;
-        return entries_.take();
-    }
-
-  private:
-    /// Takes an object whose members' values are taken by `readValue`. Their names are in `name_`.
-    template <typename ReadValue>
-    bool readObject(ReadValue readValue) {
-        if (!input_.take('{')) return false;
-        if (input_.take('}')) return true;
-        do {
-            if (!input_.takeString(name_) || !input_.take(':') || !readValue()) return false;
-        } while (input_.take(','));
-        return input_.take('}');
-    }
-
-    bool readFile() {
-        const auto url = urlFromName(name_);
-        mtime_.reset();
-        hasText_ = false;
-        source_.reset();
-        if (!readObject([this] { return readMember(); }) || !mtime_ || !hasText_) return false;
-        if (url)
-            entries_.add(*url, {.mtime = *mtime_, .text = SharedBytes(text_), .source = source_});
-        return true;
-    }
-
-    bool readMember() {
-        if (name_ == "mtime") return input_.takeNumber(mtime_.emplace());
-        if (name_ == "text") return hasText_ = input_.takeString(text_);
-        if (name_ != "source") return input_.skipValue();
-        source_.reset();
-        if (input_.isNext('n')) return input_.takeWord("null");
-        if (!input_.takeString(value_)) return false;
-        source_ = names_.shared(SharedBytes(value_));
-        return true;
-    }
-
-    JsonInput input_;
-    IndexBuilder entries_;
-    SharedNames names_;
-    std::string name_;
-    std::string value_;
-    // Of the file at hand.
-    std::optional<double> mtime_;
-    bool hasText_ = false;
-    std::string text_;
-    std::optional<SharedBytes> source_;
-};
 
 }  // namespace
 
@@ -159,10 +94,6 @@ bool IndexJsonWriter::flush() {
     isTaken_ = isTaken_ && sink_(pending_);
     pending_.clear();
     return isTaken_;
-}
-
-std::optional<IndexEntries> indexFromJson(FileReader& file, std::uint64_t limit) {
-    return IndexReader(file, limit).read();
 }
 
 }  // namespace nookwise

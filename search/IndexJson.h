@@ -5,6 +5,7 @@
 #include "platform/FileManager.h"
 #include "search/IndexEntry.h"
 
+#include <cstddef>
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -16,6 +17,9 @@ namespace nookwise {
 // left out where there is none. A path that is not UTF-8, which JSON cannot hold, stands there as
 // the percent-escaped "file:///…" URL: no path begins so.
 
+/// In bytes. No string of an index file may be longer.
+constexpr std::size_t longestIndexedText = std::size_t{8} << 20U;
+
 /// Gives the text to a sink in large pieces.
 class IndexJsonWriter {
   public:
@@ -23,7 +27,7 @@ class IndexJsonWriter {
     explicit IndexJsonWriter(const ContentsSink& sink);
 
     /// Passes by what could not be read back: a time that is no number, a text of more than
-    /// JsonInput::longestString bytes. False when the sink takes no more.
+    /// longestIndexedText bytes. False when the sink takes no more.
     bool add(const FileUrl& url, const IndexEntry& entry);
 
     /// To be called at the end. False when the sink did not take everything.

@@ -31,6 +31,38 @@ void sharePath(IndexEntries& entries, IndexEntries::iterator entry, const FileUr
     entries.insert(std::move(node));
 }
 
+bool wasStopped(std::span<const Result<IndexEntry>> read) {
+    return std::any_of(read.begin(), read.end(), [](const auto& entry) {
+        return !entry && entry.error().code == std::errc::operation_canceled;
+    });
+}
+
+/// Learns from what became of the chunks whether anything can be read at present. What keeps a
+/// single file from being read says nothing about that.
+class Refusals {
+  public:
+    void note(std::span<const FileItem> files, std::span<const Result<IndexEntry>> read) {
+        bool isAnyRefused = false;
+        for (std::size_t i = 0; i < files.size(); ++i) {
+            if (textCarrier(files[i].url) == TextCarrier::none) continue;
+            if (read[i]) {
+                chunks_ = 0;
+                return;
+            }
+            if (read[i].error().url != files[i].url) isAnyRefused = true;
+        }
+        if (isAnyRefused) ++chunks_;
+    }
+
+    /// While no reader can be had, every file is refused at once and all that are left would be
+    /// rushed through. Three, because a chunk may hold a single picture.
+    bool areFinal() const { return chunks_ >= 3; }
+
+  private:
+    /// In a row, and without a file that was read.
+    std::size_t chunks_ = 0;
+};
+
 }  // namespace
 
 TextIndexer::TextIndexer(FileManager& files, const Metadata& metadata, const UserFolders& folders,
@@ -76,35 +108,41 @@ void TextIndexer::readAll(std::span<const FileItem> work, const FileUrl& downloa
                           const Progress& progress, const Stop& stop) {
     const EntryReader reader(metadata_, reader_, downloads);
     const auto total = work.size();
+    Refusals refusals;
     IndexEntries pending;
     std::size_t done = 0;
-    while (done < total && !stop.soon.stop_requested() && !stop.atOnce.stop_requested()) {
+    std::size_t doneAtSave = 0;
+    while (!refusals.areFinal() && done < total && !stop.soon.stop_requested() &&
+           !stop.atOnce.stop_requested()) {
         const auto chunk = work.subspan(done, std::min(chunkSize, total - done));
-        if (!keep(chunk, reader.read(chunk, stop.atOnce), pending)) break;
+        auto read = reader.read(chunk, stop.atOnce);
+        refusals.note(chunk, read);
+        const bool isStopped = wasStopped(read);
+        keep(chunk, std::move(read), pending);
+        if (isStopped) break;
         done += chunk.size();
         if (pending.size() < batchSize && done < total) continue;
         progress(std::exchange(pending, {}), done, total);
-        if (done % filesBetweenSaves < chunkSize || done == total) save();
+        if (done - doneAtSave < filesBetweenSaves) continue;
+        save();
+        doneAtSave = done;
     }
+    // The next run takes these for known, and would not hand them on.
+    if (!pending.empty()) progress(std::move(pending), done, total);
     save();
 }
 
-bool TextIndexer::keep(std::span<const FileItem> files,
-                       std::vector<std::optional<IndexEntry>>&& read, IndexEntries& pending) {
-    return index_.with([&](Index& index) {
-        bool isComplete = true;
+void TextIndexer::keep(std::span<const FileItem> files, std::vector<Result<IndexEntry>>&& read,
+                       IndexEntries& pending) {
+    index_.with([&](Index& index) {
         for (std::size_t i = 0; i < files.size(); ++i) {
-            auto& entry = read[i];
-            if (!entry) {
-                isComplete = false;
-                continue;
-            }
-            if (entry->source) entry->source = index.sources.shared(*entry->source);
+            if (!read[i]) continue;
+            auto& entry = read[i].value();
+            if (entry.source) entry.source = index.sources.shared(*entry.source);
             ++index.additions;
-            index.entries.insert_or_assign(files[i].url, *entry);
-            pending.insert_or_assign(files[i].url, std::move(*entry));
+            index.entries.insert_or_assign(files[i].url, entry);
+            pending.insert_or_assign(files[i].url, std::move(entry));
         }
-        return isComplete;
     });
 }
 

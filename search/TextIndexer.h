@@ -15,7 +15,6 @@
 #include <cstdint>
 #include <functional>
 #include <mutex>
-#include <optional>
 #include <span>
 #include <stop_token>
 #include <vector>
@@ -26,7 +25,8 @@ namespace nookwise {
 /// given must outlive it.
 class TextIndexer {
   public:
-    /// Entries read since the last call, how many files of this run are done, and of how many.
+    /// Entries read since the last call, how many files of this run are done, read or not, and of
+    /// how many.
     using Progress = std::function<void(IndexEntries&& fresh, std::size_t done, std::size_t total)>;
 
     struct Stop {
@@ -44,9 +44,9 @@ class TextIndexer {
     IndexEntries cached(std::span<const FileItem> files);
 
     /// Reads the files that need it, four at a time, and saves the index as it goes. `progress` is
-    /// called on this thread, with batches of at least 24 entries until the last. Ends early when
-    /// the reader tells of an error: files not read yet stay unread until the next run. One run at
-    /// a time: a second one waits for the first to end.
+    /// called on this thread, with batches of at least 24 entries until the last. A file about
+    /// which the reader learns nothing stays unread until the next run, and so do all that are left
+    /// when it can read none. One run at a time: a second one waits for the first to end.
     void run(std::span<const FileItem> files, const Progress& progress, const Stop& stop);
 
     /// Replaces the index file, if anything was read since it was last written or loaded.
@@ -66,8 +66,8 @@ class TextIndexer {
     decltype(auto) withIndex(Use use);
     void readAll(std::span<const FileItem> work, const FileUrl& downloads, const Progress& progress,
                  const Stop& stop);
-    /// Takes what was read into the index and into `pending`. False when anything was not read.
-    bool keep(std::span<const FileItem> files, std::vector<std::optional<IndexEntry>>&& read,
+    /// Takes what was read into the index and into `pending`.
+    void keep(std::span<const FileItem> files, std::vector<Result<IndexEntry>>&& read,
               IndexEntries& pending);
     void write(std::span<const IndexEntries::value_type* const> entries, IndexJsonWriter& writer);
 

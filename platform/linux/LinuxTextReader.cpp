@@ -14,24 +14,44 @@ namespace {
 using Kind = ReaderJobResult::Kind;
 
 const char* const reading = "read";
+const char* const recognising = "recognise";
 
 FileError stopped(const FileUrl& url) {
     return failure(url, reading, ECANCELED);
 }
 
-/// Whether the system, not the file, is the reason why a file was not opened.
-bool isOurs(int reason) {
-    return reason == EMFILE || reason == ENFILE || reason == ENOMEM || reason == EINTR;
+/// Whether a file that could not be opened for that reason is as it will stay. All else may be
+/// different next time: a file that was trashed comes back, a server answers again.
+bool isOfTheFile(int reason) {
+    switch (reason) {
+        case EACCES:
+        case EPERM:
+        case ELOOP:
+        // Sockets and devices.
+        case ENXIO:
+        case ENODEV:
+            return true;
+        default:
+            return false;
+    }
 }
 
 /// None when there is nothing to read.
 Result<FileDescriptor> openRegularFile(const FileUrl& url) {
     auto file = openPath(url.path(), O_RDONLY | O_NONBLOCK | O_NOCTTY);
-    if (!file && isOurs(errno)) return failure(url, "open");
+    if (!file && isOfTheFile(errno)) return FileDescriptor();
     struct stat status {};
-    if (!file || ::fstat(file.get(), &status) != 0 || !S_ISREG(status.st_mode))
-        return FileDescriptor();
+    if (!file || ::fstat(file.get(), &status) != 0) return failure(url, "open");
+    if (!S_ISREG(status.st_mode)) return FileDescriptor();
     return file;
+}
+
+bool isLost(const Result<ReaderJobResult>& result) {
+    return result && result.value().kind == Kind::lost;
+}
+
+bool recognises(ReaderJob job) {
+    return job == ReaderJob::recogniseFast || job == ReaderJob::recogniseAccurate;
 }
 
 ReaderRole roleFor(ReaderJob job) {
@@ -86,9 +106,9 @@ Result<std::optional<Picture>> LinuxTextReader::thumbnail(const FileUrl& url,
                                                           const std::stop_token& stop) {
     auto result = read(url, {ReaderJob::thumbnail, longestSide}, stop);
     if (!result) return result.error();
-    const auto& [width, height, length] = result.value().reply;
-    if (width == 0) return std::optional<Picture>();
-    return std::optional(Picture{{width, height}, std::move(result.value().bytes)});
+    const auto& reply = result.value().reply;
+    if (reply.width == 0) return std::optional<Picture>();
+    return std::optional(Picture{{reply.width, reply.height}, std::move(result.value().bytes)});
 }
 
 Result<std::optional<PixelSize>> LinuxTextReader::pixelSize(const FileUrl& url,
@@ -117,9 +137,9 @@ Result<ReaderJobResult> LinuxTextReader::read(const FileUrl& url, const ReaderRe
     if (!file) return file.error();
     if (!file.value()) return ReaderJobResult();
     auto result = readOnce(url, file.value().get(), request, stop);
-    // Whoever ended that process did not mean the file; twice is no accident.
-    if (result && result.value().kind == Kind::lost)
-        result = readOnce(url, file.value().get(), request, stop);
+    // Whoever ended that process did not mean the file.
+    if (isLost(result)) result = readOnce(url, file.value().get(), request, stop);
+    if (isLost(result)) return failure(url, reading, EAGAIN);
     return result;
 }
 
@@ -129,12 +149,17 @@ Result<ReaderJobResult> LinuxTextReader::readOnce(const FileUrl& url, int file,
     const auto role = roleFor(request.job);
     auto loan = pool_.borrow(role, stop);
     if (!loan) return stop.token().stop_requested() ? stopped(url) : loan.error();
+    if (const auto error = loan.value().recognitionError(); recognises(request.job) && error != 0) {
+        loan.value().giveBack();
+        return failure(url, recognising, error);
+    }
     // An earlier process may have moved it: they share it.
     ::lseek(file, 0, SEEK_SET);
     const auto& limits = role == ReaderRole::text ? limits_.text : limits_.pictures;
     auto result = runReaderJob(loan.value().process(), request, file, limits, stop);
     if (result.kind == Kind::stopped) return stopped(url);
-    if (result.kind == Kind::answered) loan.value().giveBack();
+    if (result.kind == Kind::answered && result.reply.then == ReaderThen::waits)
+        loan.value().giveBack();
     return result;
 }
 

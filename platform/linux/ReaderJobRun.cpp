@@ -39,8 +39,18 @@ Kind afterHangUp(ReaderTalk& talk, const ReaderProcess& process) {
 }
 
 Kind afterFailure(Outcome outcome, ReaderTalk& talk, const ReaderProcess& process) {
-    if (outcome == Outcome::stopped) return Kind::stopped;
-    return outcome == Outcome::hungUp ? afterHangUp(talk, process) : Kind::failed;
+    switch (outcome) {
+        case Outcome::stopped:
+            return Kind::stopped;
+        case Outcome::hungUp:
+            return afterHangUp(talk, process);
+        case Outcome::notSent:
+            return Kind::lost;
+        case Outcome::done:
+        case Outcome::overran:
+            break;
+    }
+    return Kind::failed;
 }
 
 }  // namespace

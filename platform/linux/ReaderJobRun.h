@@ -15,7 +15,8 @@ struct ReaderJobResult {
         answered,
         /// The file is to blame: the process died of it, took too long or said what cannot be.
         failed,
-        /// The process ended for a reason that has nothing to do with the file.
+        /// Nothing was learnt about the file: somebody else ended the process, or the system could
+        /// not hand the file over.
         lost,
         stopped,
     };

@@ -32,8 +32,9 @@ struct ReaderLimits {
         .elapsedTime = std::chrono::seconds(15),
         .reply = longestReply,
     };
-    /// From starting a process to its greeting.
-    std::chrono::nanoseconds start = std::chrono::seconds(10);
+    /// From starting a process to its greeting. Long, because its libraries may have to come from a
+    /// slow disk while the user logs in.
+    std::chrono::nanoseconds start = std::chrono::seconds(60);
     /// How long a process stays without work.
     std::chrono::nanoseconds idle = std::chrono::seconds(10);
     /// How long no start is tried after one that failed.

@@ -50,8 +50,12 @@ ReaderPool::ReaderPool(FileUrl program, std::vector<std::string> environment,
       environment_(std::move(environment)),
       limits_(limits),
       wake_(::eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK)),
-      slots_(limits),
-      keeper_([this] { keep(); }) {}
+      slots_(limits) {
+    if (wake_)
+        keeper_ = std::jthread([this] { keep(); });
+    else
+        unusable_ = failure(program_, starting);
+}
 
 ReaderPool::~ReaderPool() {
     {
@@ -62,18 +66,17 @@ ReaderPool::~ReaderPool() {
 }
 
 Result<ReaderPool::Loan> ReaderPool::borrow(ReaderRole role, const CallStop& stop) {
-    // One that somebody else ended before it could greet has told nothing; twice is no chance.
-    for (int attempt = 0; attempt < 2; ++attempt) {
+    if (unusable_) return *unusable_;
+    // One that somebody else ended before it could greet has told nothing.
+    constexpr int mostAttempts = 10;
+    for (int attempt = 0; attempt < mostAttempts; ++attempt) {
         const auto slot = obtain(role, stop);
         if (!slot) return slot.error();
         Loan loan(*this, *slot.value());
         if (slot.value()->hasGreeted) return loan;
-        const auto greeting = greet(loan.process(), stop);
+        const auto greeting = greet(*slot.value(), stop);
         if (!greeting) return greeting.error();
-        if (greeting.value() == Greeting::given) {
-            slot.value()->hasGreeted = true;
-            return loan;
-        }
+        if (greeting.value() == Greeting::given) return loan;
     }
     return error(program_, std::errc::resource_unavailable_try_again);
 }
@@ -113,7 +116,8 @@ Result<ReaderSlot*> ReaderPool::started(ReaderSlot& slot, Lock& lock) {
     return error;
 }
 
-Result<ReaderPool::Greeting> ReaderPool::greet(const ReaderProcess& process, const CallStop& stop) {
+Result<ReaderPool::Greeting> ReaderPool::greet(ReaderSlot& slot, const CallStop& stop) {
+    const auto& process = *slot.process;
     ReaderTalk talk(process, stop, limits_.start, limits_.start);
     ReaderGreeting greeting{.mark = 0};
     auto outcome = talk.receive(&greeting, sizeof greeting);
@@ -128,6 +132,8 @@ Result<ReaderPool::Greeting> ReaderPool::greet(const ReaderProcess& process, con
     if (greeting.mark != ReaderGreeting::expectedMark)
         return failedStart(std::errc::protocol_error);
     note({greeting.fileSystemError, greeting.systemCallsError});
+    slot.hasGreeted = true;
+    slot.recognitionError = greeting.recognitionError;
     return Greeting::given;
 }
 

@@ -43,6 +43,8 @@ class ReaderPool {
         }
 
         const ReaderProcess& process() const { return *slot_->process; }
+        /// As in its ReaderGreeting.
+        std::int32_t recognitionError() const { return slot_->recognitionError; }
         /// Still fit for use.
         void giveBack() { pool_->takeBack(*std::exchange(slot_, nullptr)); }
 
@@ -67,7 +69,7 @@ class ReaderPool {
 
     Result<ReaderSlot*> obtain(ReaderRole role, const CallStop& stop);
     Result<ReaderSlot*> started(ReaderSlot& slot, Lock& lock);
-    Result<Greeting> greet(const ReaderProcess& process, const CallStop& stop);
+    Result<Greeting> greet(ReaderSlot& slot, const CallStop& stop);
     FileError failedStart(std::errc reason);
     void note(const ReaderConfinement& confinement);
     void end(ReaderSlot& slot);
@@ -83,6 +85,8 @@ class ReaderPool {
     const std::vector<std::string> environment_;
     const ReaderLimits limits_;
     const FileDescriptor wake_;
+    /// Why there is no `wake_`.
+    std::optional<FileError> unusable_;
 
     mutable std::mutex mutex_;
     std::condition_variable_any changed_;
@@ -90,8 +94,9 @@ class ReaderPool {
     std::optional<ReaderConfinement> confinement_;
     bool isClosing_ = false;
 
-    // Starts and forgets the processes: they end with the thread that started them, so it cannot
-    // be a caller's. Last: it uses everything above.
+    // Starts and forgets the processes. Callers' threads come and go, and each of their ends would
+    // be told to the processes that they had started. None where `wake_` is. Last: it uses
+    // everything above.
     std::jthread keeper_;
 };
 

@@ -18,9 +18,9 @@ namespace nookwise {
 /// Somebody has to end it and see that `isGone` before this is destroyed.
 class ReaderProcess {
   public:
-    /// The thread that starts a process must outlive it: the process ends with that thread. Of what
-    /// is open here it gets nothing but its end of the socket pair. `environment` holds
-    /// "NAME=value".
+    /// The thread that starts a process should outlive it: the system can tell a process of the end
+    /// of that thread alone, not of the whole application's. Of what is open here the process gets
+    /// nothing but its end of the socket pair. `environment` holds "NAME=value".
     static Result<ReaderProcess> start(const FileUrl& program, std::string_view role,
                                        std::vector<std::string> environment);
 

@@ -14,8 +14,7 @@ inline constexpr int readerSocket = 3;
 /// What a reader process is for; its only argument. Fixed for its life, because nobody may take
 /// back the idle priority without special rights.
 namespace readerRole {
-/// Reads text at idle priority, taken on just before the greeting: the start has a time limit,
-/// which a busy machine must not make it miss.
+/// Reads text at idle priority, taken on before anything else.
 inline constexpr std::string_view text = "text";
 /// Makes pictures for the screens, at normal priority. Recognises nothing.
 inline constexpr std::string_view pictures = "pictures";
@@ -38,6 +37,9 @@ struct ReaderRequest {
     std::int32_t argument = 0;
 };
 
+/// What a process does after its reply. It ends where its libraries have lost too much memory.
+enum class ReaderThen : std::uint64_t { waits, ends };
+
 /// Followed by `length` bytes: the text, or the pixels of a Picture. All zero when the file gives
 /// nothing. `width` and `height` are zero with a text, `length` is with a pixel size. Whatever else
 /// is said, and whatever is said unasked, ends the process.
@@ -45,13 +47,14 @@ struct ReaderReply {
     std::int32_t width = 0;
     std::int32_t height = 0;
     std::uint64_t length = 0;
+    ReaderThen then = ReaderThen::waits;
 };
 
 /// Sent once, when the process is confined and ready.
 struct ReaderGreeting {
     /// Changes with everything in this file: an upgrade may put another program beneath an
     /// application that is running.
-    static constexpr std::uint32_t expectedMark = 0x4e6f6f6b;
+    static constexpr std::uint32_t expectedMark = 0x4e6f6f6c;
     std::uint32_t mark = expectedMark;
     /// 0 where the file system is closed to the process (Landlock), else the errno that tells why
     /// the kernel would not. Then it can open no file at all, and PDFs in some Asian encodings give
@@ -59,6 +62,10 @@ struct ReaderGreeting {
     std::int32_t fileSystemError = 0;
     /// 0 where system calls are filtered (seccomp), else the errno that tells why not.
     std::int32_t systemCallsError = 0;
+    /// 0 where the process can recognise text in pictures, else the errno that tells why not:
+    /// ENOENT where no language is installed. It answers such jobs with nothing, which says nothing
+    /// of the file.
+    std::int32_t recognitionError = 0;
 };
 
 /// No honest reply is longer; a longer one ends the process.

@@ -35,6 +35,8 @@ struct ReaderSlot {
     /// Of everything but `wanted` and `failed`.
     std::optional<ReaderProcess> process;
     bool hasGreeted = false;
+    /// As its greeting said.
+    std::int32_t recognitionError = 0;
     /// Of `failed`.
     std::optional<FileError> error;
     std::chrono::steady_clock::time_point idleSince;

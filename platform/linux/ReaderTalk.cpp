@@ -61,8 +61,9 @@ ReaderTalk::Outcome ReaderTalk::send(const void* bytes, std::size_t count, int f
     do {
         sent = ::sendmsg(process_.socket(), &message, MSG_NOSIGNAL | MSG_DONTWAIT);
     } while (sent < 0 && errno == EINTR);
-    // A process that reads what it is sent always leaves room for the next request.
-    return sent == static_cast<ssize_t>(count) ? Outcome::done : Outcome::hungUp;
+    // A message as short as a request goes as a whole or not at all.
+    if (sent == static_cast<ssize_t>(count)) return Outcome::done;
+    return errno == EPIPE || errno == ECONNRESET ? Outcome::hungUp : Outcome::notSent;
 }
 
 ReaderTalk::Outcome ReaderTalk::receive(void* bytes, std::size_t count) {
@@ -108,13 +109,14 @@ ReaderTalk::Unasked ReaderTalk::unasked(const ReaderProcess& process) {
 
 ReaderTalk::Outcome ReaderTalk::waitFor(int descriptor) {
     for (;;) {
-        const auto left = timeLeft();
-        if (left <= nanoseconds::zero()) return Outcome::overran;
+        // What came while this thread could not run has come in time.
+        const auto left = std::max(timeLeft(), nanoseconds::zero());
         std::array<pollfd, 2> watched{{{.fd = descriptor, .events = POLLIN, .revents = 0},
                                        {.fd = stop_.descriptor(), .events = POLLIN, .revents = 0}}};
         const auto timeout = timespecOf(left);
-        if (::ppoll(watched.data(), watched.size(), &timeout, nullptr) <= 0) continue;
-        return watched[1].revents != 0 ? Outcome::stopped : Outcome::done;
+        const int news = ::ppoll(watched.data(), watched.size(), &timeout, nullptr);
+        if (news > 0) return watched[1].revents != 0 ? Outcome::stopped : Outcome::done;
+        if (left == nanoseconds::zero()) return Outcome::overran;
     }
 }
 

@@ -22,6 +22,8 @@ class ReaderTalk {
         overran,
         /// The process has ended, or has closed its end.
         hungUp,
+        /// The system had no room for what was to be sent, and nothing was.
+        notSent,
     };
 
     ReaderTalk(const ReaderProcess& process, const CallStop& stop,

@@ -41,8 +41,8 @@ void sayAsItLies(const Message& message) {
     writeAll(readerSocket, {reinterpret_cast<const char*>(&message), sizeof message});
 }
 
-void reply(const std::string& text) {
-    const ReaderReply header{.length = text.size()};
+void reply(const std::string& text, ReaderThen then = ReaderThen::waits) {
+    const ReaderReply header{.length = text.size(), .then = then};
     std::string bytes(reinterpret_cast<const char*>(&header), sizeof header);
     writeAll(readerSocket, bytes + text);
 }
@@ -68,9 +68,28 @@ bool isFirst(const std::string& marker) {
         FileDescriptor(::open(marker.c_str(), O_CREAT | O_EXCL | O_WRONLY | O_CLOEXEC, 0600)));
 }
 
+/// True the first times, as many as that, that it is called with that path.
+bool isAmongFirst(int times, const std::string& marker) {
+    for (int time = 0; time < times; ++time)
+        if (isFirst(marker + std::to_string(time))) return true;
+    return false;
+}
+
+/// A line with the number of this process, for whoever reads the pipe's other end.
 void tell(const std::string& pipe) {
     const FileDescriptor end(::open(pipe.c_str(), O_WRONLY | O_CLOEXEC));
-    writeAll(end.get(), std::to_string(::getpid()));
+    writeAll(end.get(), std::to_string(::getpid()) + '\n');
+}
+
+/// Tells that it is there, and is let in with a signal.
+void waitAtTheDoor(const std::string& door) {
+    sigset_t signals{};
+    ::sigemptyset(&signals);
+    ::sigaddset(&signals, SIGUSR1);
+    ::sigprocmask(SIG_BLOCK, &signals, nullptr);
+    tell(door);
+    int signal = 0;
+    ::sigwait(&signals, &signal);
 }
 
 void burn(std::chrono::milliseconds time) {
@@ -166,6 +185,7 @@ const std::map<std::string, std::function<void(const Job&)>>& commands() {
     static const std::map<std::string, std::function<void(const Job&)>> all{
         {"say", [](const Job& job) { reply(job.rest); }},
         {"say-id", [](const Job&) { reply(std::to_string(::getpid())); }},
+        {"say-id-and-end", [](const Job&) { reply(std::to_string(::getpid()), ReaderThen::ends); }},
         {"say-role", [](const Job& job) { reply(job.role); }},
         {"say-whether-for-pictures", sayWhetherForPictures},
         {"say-with-file", [](const Job&) { sayWithFile(); }},
@@ -181,6 +201,7 @@ const std::map<std::string, std::function<void(const Job&)>>& commands() {
         {"say-bytes", sayBytes},
         {"say-half-a-header", [](const Job&) { writeAll(readerSocket, "1234567"); }},
         {"say-soon", [](const Job& job) { burn(std::chrono::milliseconds(3)), reply(job.rest); }},
+        {"tell-and-say-x", [](const Job& job) { tell(job.rest), reply("x"); }},
         {"drip",
          [](const Job&) {
              sayAsItLies(ReaderReply{.length = 1'000'000});
@@ -242,8 +263,10 @@ void start(const std::string& program) {
     if (name == "silent") hang();
     if (name == "stillborn") ::_exit(0);
     if (name == "killed-at-start") ::raise(SIGKILL);
-    if (name == "killed-at-first-start" && isFirst(program + ".marker")) ::raise(SIGKILL);
+    if (name == "killed-at-nine-starts" && isAmongFirst(9, program + ".marker")) ::raise(SIGKILL);
+    if (name == "waiting-at-the-door") waitAtTheDoor(program + ".pipe");
     if (name == "stranger") greeting.mark = 1;
+    if (name == "illiterate") greeting.recognitionError = ENOENT;
     if (name == "unconfined") {
         greeting.fileSystemError = EOPNOTSUPP;
         greeting.systemCallsError = EINVAL;

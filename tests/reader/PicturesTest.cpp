@@ -315,5 +315,17 @@ TEST(Pictures, areNotReadFromKindsBesideTheListedOnes) {
     }
 }
 
+// Nor by a library that goes by what is in the container.
+TEST(Pictures, areNotReadFromAvifByAnotherBrand) {
+    const auto avif = flag().saved(".avif");
+    for (const std::string brand : {"avif", "heic", "mif1"}) {
+        auto file = avif;
+        file.replace(8, brand.size(), brand);
+        EXPECT_FALSE(thumbnail(bytesOf(file), 64)) << brand;
+        EXPECT_FALSE(pixelSize(bytesOf(file))) << brand;
+        EXPECT_FALSE(greyPicture(bytesOf(file), 64)) << brand;
+    }
+}
+
 }  // namespace
 }  // namespace nookwise

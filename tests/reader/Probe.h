@@ -19,6 +19,8 @@ enum class Probe : std::uint32_t {
     renameFile,
     changeMode,
     lookAt,
+    /// The same by a call that is meant for open files.
+    lookAtAsIfOpen,
     listFolder,
     execute,
     makeUnixSocket,
@@ -45,6 +47,10 @@ enum class Probe : std::uint32_t {
     reopenPassedFile,
     startThread,
     takeMuchMemory,
+    takeSharedMemory,
+    takeGrowingMemory,
+    /// Never gives it back.
+    keepSomeMemory,
     /// Says one byte, then never ends.
     loop,
     /// Says one byte, waits for one, then reads the file as a PDF.

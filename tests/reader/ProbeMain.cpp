@@ -102,10 +102,19 @@ long startThread() {
     return 0;
 }
 
-long takeMuchMemory() {
-    constexpr std::size_t size = std::size_t{2} << 30;
-    return mapped(
-        ::mmap(nullptr, size, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0));
+long takeMemory(std::size_t size, int flags) {
+    return mapped(::mmap(nullptr, size, PROT_READ | PROT_WRITE, flags | MAP_ANONYMOUS, -1, 0));
+}
+
+/// As a library does that loses it.
+long keepSomeMemory() {
+    for (std::size_t taken = 0; taken < std::size_t{300} << 20; taken += 1'000) {
+        // The compiler may take memory away that nobody looks at.
+        volatile char* lost = static_cast<char*>(std::malloc(1'000));
+        if (lost == nullptr) return -1;
+        *lost = 'x';
+    }
+    return 0;
 }
 
 const std::map<Probe, Attempt>& attempts() {
@@ -123,6 +132,11 @@ const std::map<Probe, Attempt>& attempts() {
          [](T t) {
              struct stat state {};
              return ::stat(t.path.c_str(), &state);
+         }},
+        {Probe::lookAtAsIfOpen,
+         [](T t) {
+             struct stat state {};
+             return ::fstatat(AT_FDCWD, t.path.c_str(), &state, AT_EMPTY_PATH);
          }},
         {Probe::listFolder, [](T t) { return ::open(t.path.c_str(), O_RDONLY | O_DIRECTORY); }},
         {Probe::execute, execute},
@@ -158,7 +172,10 @@ const std::map<Probe, Attempt>& attempts() {
          [](T t) { return ::fsetxattr(t.passedFile, "user.probe", "x", 1, 0); }},
         {Probe::reopenPassedFile, reopenPassedFile},
         {Probe::startThread, [](T) { return startThread(); }},
-        {Probe::takeMuchMemory, [](T) { return takeMuchMemory(); }},
+        {Probe::takeMuchMemory, [](T) { return takeMemory(std::size_t{2} << 30, MAP_PRIVATE); }},
+        {Probe::takeSharedMemory, [](T) { return takeMemory(4096, MAP_SHARED); }},
+        {Probe::takeGrowingMemory, [](T) { return takeMemory(4096, MAP_PRIVATE | MAP_GROWSDOWN); }},
+        {Probe::keepSomeMemory, [](T) { return keepSomeMemory(); }},
     };
     return all;
 }
@@ -202,10 +219,11 @@ Answer probe(const ReaderRequest& request, PassedFile& file) {
 }  // namespace
 }  // namespace nookwise
 
-/// role, then the errors that stand for what the kernel is taken not to be able to do.
-int main(int, char* arguments[]) {
+/// role, then the errors that stand for what is taken to be missing; the last may be left out.
+int main(int count, char* arguments[]) {
     nookwise::runReader({.role = arguments[1],
                          .missing = {.fileSystemError = std::atoi(arguments[2]),
-                                     .systemCallsError = std::atoi(arguments[3])},
+                                     .systemCallsError = std::atoi(arguments[3]),
+                                     .recognitionError = count > 4 ? std::atoi(arguments[4]) : 0},
                          .otherWork = nookwise::probe});
 }

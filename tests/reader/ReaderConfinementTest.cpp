@@ -9,6 +9,7 @@
 #include <vector>
 
 #include <gtest/gtest.h>
+#include <sys/wait.h>
 #include <unistd.h>
 
 namespace nookwise {
@@ -162,6 +163,21 @@ TEST(ConfinedReader, makesNoNewCodeAndKeepsItsLimits) {
         {{Probe::makeCodeInMemory, ""}, {Probe::turnMemoryIntoCode, ""}, {Probe::raiseLimit, ""}});
 }
 
+TEST(ConfinedReader, takesNoMemoryThatItsLimitDoesNotCount) {
+    const Home home;
+    expectRefusals(confined, home, {{Probe::takeSharedMemory, ""}, {Probe::takeGrowingMemory, ""}});
+}
+
+// Not what is wanted, but what a filter of calls cannot help.
+TEST(ConfinedReader, canLearnSizeAndTimesOfAFileWhosePathItKnows) {
+    const Home home;
+    StartedReader reader(program, confined);
+    ASSERT_TRUE(reader.greeting());
+    EXPECT_EQ(home.attempt(reader, Probe::lookAtAsIfOpen, home.letter()), code(0));
+    EXPECT_EQ(home.attempt(reader, Probe::lookAtAsIfOpen, home.nothingYet()), code(ENOENT));
+    EXPECT_EQ(home.attempt(reader, Probe::openForReading, home.letter()), code(EACCES));
+}
+
 TEST(ConfinedReader, mayReadItsTablesAndStartThreads) {
     const Home home;
     StartedReader reader(program, confined);
@@ -206,14 +222,20 @@ TEST(ReaderWithoutCallFilter, stillOpensAndChangesNoFile) {
 
 TEST(DegradedReader, saysWhatIsMissingAndWhy) {
     for (const auto& [arguments, files, calls] :
-         {std::tuple(withoutFileRules, ENOSYS, 0), std::tuple(withoutCallFilter, 0, EINVAL),
-          std::tuple(unconfined, ENOSYS, EINVAL)}) {
+         {std::tuple(withoutFileRules, ENOSYS, 0), std::tuple(withoutCallFilter, 0, EINVAL)}) {
         StartedReader reader(program, arguments);
         const auto greeting = reader.greeting();
         ASSERT_TRUE(greeting);
         EXPECT_EQ(greeting->fileSystemError, files);
         EXPECT_EQ(greeting->systemCallsError, calls);
     }
+}
+
+TEST(UnconfinedReader, readsNothing) {
+    StartedReader reader(program, unconfined);
+    EXPECT_FALSE(reader.greeting());
+    const auto end = reader.end();
+    EXPECT_TRUE(WIFEXITED(end.status) && WEXITSTATUS(end.status) == 2) << end.status;
 }
 
 }  // namespace

@@ -2,12 +2,24 @@
 #include "tests/support/OrdinaryUser.h"
 
 #include <sys/resource.h>
+#include <sys/socket.h>
 #include <sys/stat.h>
+#include <sys/un.h>
 
 namespace nookwise {
 namespace {
 
-using ReaderPoolAnswers = ReaderPoolFixture;
+class ReaderPoolAnswers : public ReaderPoolFixture {
+  protected:
+    FileUrl socketFile() const {
+        sockaddr_un address{.sun_family = AF_UNIX, .sun_path = {}};
+        folder_.path("socket").copy(address.sun_path, sizeof address.sun_path - 1);
+        const FileDescriptor socket(::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0));
+        EXPECT_EQ(::bind(socket.get(), reinterpret_cast<const sockaddr*>(&address), sizeof address),
+                  0);
+        return folder_.url("socket");
+    }
+};
 
 TEST_F(ReaderPoolAnswers, TheTextOfAFileIsWhatItsProcessSays) {
     makeReader();
@@ -81,8 +93,10 @@ TEST_F(ReaderPoolAnswers, WhatIsNoRegularFileSaysNothingAndIsNeverWaitedFor) {
     makeReader();
     const auto pipe = folder_.makePipe("pipe.pdf");
     const auto folder = folder_.makeFolder("folder.pdf");
-    for (const auto& url : {pipe, folder, FileUrl("/dev/zero"), folder_.url("missing.pdf"),
-                            FileUrl(), FileUrl("/dev/tty")}) {
+    const auto circle = folder_.url("circle.pdf");
+    std::filesystem::create_symlink("circle.pdf", folder_.path("circle.pdf"));
+    for (const auto& url :
+         {pipe, folder, circle, socketFile(), FileUrl("/dev/zero"), FileUrl("/dev/tty")}) {
         EXPECT_EQ(textOf(reader().pdf(url, {})), "") << url.path();
         const auto picture = reader().thumbnail(url, 100, {});
         ASSERT_TRUE(picture) << url.path();
@@ -97,6 +111,27 @@ TEST_F(ReaderPoolAnswers, AFileThatMayNotBeReadSaysNothing) {
     ASSERT_EQ(::chmod(std::string(secret.path()).c_str(), 0), 0);
     const OrdinaryUser user;
     EXPECT_EQ(textOf(reader().pdf(secret, {})), "");
+}
+
+TEST_F(ReaderPoolAnswers, AFileThatIsNotInItsPlaceIsAnErrorAndNotAnEmptyText) {
+    makeReader();
+    const auto hello = file("say hello");
+    const auto trashed = folder_.path("trashed");
+    std::filesystem::rename(hello.path(), trashed);
+    const auto result = reader().pdf(hello, {});
+    ASSERT_FALSE(result);
+    EXPECT_EQ(result.error().code, std::errc::no_such_file_or_directory);
+    EXPECT_EQ(result.error().url, hello);
+    EXPECT_FALSE(reader().thumbnail(hello, 100, {}));
+    std::filesystem::rename(trashed, hello.path());
+    EXPECT_EQ(textOf(reader().pdf(hello, {})), "hello");
+}
+
+TEST_F(ReaderPoolAnswers, AFileWhoseFolderIsNotThereIsAnError) {
+    makeReader();
+    const auto hello = file("say hello");
+    for (const auto& url : {hello.append("a.pdf"), folder_.url("missing/a.pdf"), FileUrl()})
+        EXPECT_FALSE(reader().pdf(url, {})) << url.path();
 }
 
 TEST_F(ReaderPoolAnswers, AWorldWithoutDescriptorsLeftIsAnErrorAndNotAnEmptyText) {

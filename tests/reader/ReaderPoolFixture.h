@@ -12,6 +12,8 @@
 #include <sstream>
 #include <string>
 #include <string_view>
+#include <system_error>
+#include <thread>
 #include <utility>
 
 #include <gtest/gtest.h>
@@ -87,6 +89,12 @@ class ReaderPoolFixture : public testing::Test {
         return {file("hang-and-tell " + std::string(pipe.path())), pipe};
     }
 
+    /// Waits until a call has begun that reads the file; what is left of it is to wait for a
+    /// process, and for its answer.
+    static void waitUntilOpen(const FileUrl& file) {
+        while (!isOpen(file)) std::this_thread::yield();
+    }
+
     /// Whether any process was started and not been reaped since.
     static bool hasChildren() {
         siginfo_t ignored{};
@@ -97,6 +105,15 @@ class ReaderPoolFixture : public testing::Test {
     std::unique_ptr<LinuxTextReader> reader_;
 
   private:
+    static bool isOpen(const FileUrl& file) {
+        std::error_code over;
+        std::filesystem::directory_iterator open("/proc/self/fd", over);
+        for (; open != std::filesystem::directory_iterator(); open.increment(over)) {
+            std::error_code closed;
+            if (std::filesystem::read_symlink(open->path(), closed) == file.path()) return true;
+        }
+        return false;
+    }
     FileUrl program_(std::string_view name) const {
         const auto program = folder_.url(name);
         const std::filesystem::path path(program.path());

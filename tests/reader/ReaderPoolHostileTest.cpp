@@ -153,8 +153,12 @@ TEST_F(ReaderPoolHostile, AProcessThatOthersKilledSaysNothingAboutItsFile) {
     EXPECT_EQ(text("be-terminated-once " + std::string(other.path())), "survived");
 }
 
-TEST_F(ReaderPoolHostile, AFileWhoseProcessIsKilledTwiceIsGivenUp) {
-    EXPECT_EQ(text("be-killed"), "");
+TEST_F(ReaderPoolHostile, AFileWhoseProcessIsKilledTwiceIsAnErrorOfThatFile) {
+    const auto killed = file("be-killed");
+    const auto result = reader().pdf(killed, {});
+    ASSERT_FALSE(result);
+    EXPECT_EQ(result.error().code, std::errc::resource_unavailable_try_again);
+    EXPECT_EQ(result.error().url, killed);
     EXPECT_EQ(text("say next"), "next");
 }
 

@@ -73,7 +73,7 @@ TEST_F(ReaderPoolLife, WithRoomForOneProcessTextAndPicturesTakeTurns) {
     }
 }
 
-TEST_F(ReaderPoolLife, FourProcessesWorkAtTheSameTimeAndNoFifth) {
+TEST_F(ReaderPoolLife, FourProcessesWorkAtTheSameTimeAndAFifthCallWaitsForOne) {
     auto limits = patientLimits();
     limits.processesOfARole = 9;
     makeReader(limits);
@@ -90,7 +90,7 @@ TEST_F(ReaderPoolLife, FourProcessesWorkAtTheSameTimeAndNoFifth) {
     EXPECT_EQ(processes.size(), 4U);
     const auto one = file("say-bytes 1 1 0 0");
     auto fifth = std::async(std::launch::async, [&] { return reader().pixelSize(one, {}); });
-    EXPECT_EQ(fifth.wait_for(50ms), std::future_status::timeout);
+    waitUntilOpen(one);
     stop.request_stop();
     EXPECT_TRUE(fifth.get());
 }
@@ -143,6 +143,14 @@ TEST_F(ReaderPoolLife, FailedStartsLeaveNothingBehind) {
     reader_.reset();
     EXPECT_EQ(openDescriptors(), before);
     EXPECT_FALSE(hasChildren());
+}
+
+// It may still live by then, and even answer.
+TEST_F(ReaderPoolLife, AProcessThatSaysThatItEndsIsHeardAndNotAskedAgain) {
+    makeReader(oneProcess());
+    const auto id = idOfProcess();
+    EXPECT_EQ(text("say-id-and-end"), std::to_string(id));
+    EXPECT_NE(text("say-id"), std::to_string(id));
 }
 
 }  // namespace

@@ -5,6 +5,7 @@
 #include <map>
 
 #include <fcntl.h>
+#include <sys/resource.h>
 #include <sys/stat.h>
 
 namespace nookwise {
@@ -14,6 +15,13 @@ using namespace std::chrono_literals;
 
 class ReaderPoolStart : public ReaderPoolFixture {
   protected:
+    /// Also of a second file, without another start: that would fail for want of a program.
+    void expectErrorThatIsRemembered(std::string_view program, std::errc reason) {
+        expectError(reason);
+        std::filesystem::remove(folder_.path(program));
+        expectError(reason);
+        EXPECT_FALSE(reader().pixelSize(file("say-bytes 1 1 0 0"), {}));
+    }
     void expectError(std::errc reason) {
         const auto result = pdf("say hello");
         ASSERT_FALSE(result);
@@ -38,29 +46,41 @@ TEST_F(ReaderPoolStart, AProgramThatCannotBeRunIsAnError) {
 
 TEST_F(ReaderPoolStart, AProcessThatDiesBeforeItsGreetingIsAnError) {
     makeReader(patientLimits(), "stillborn");
-    expectError(std::errc::no_child_process);
+    expectErrorThatIsRemembered("stillborn", std::errc::no_child_process);
 }
 
 TEST_F(ReaderPoolStart, AProcessThatNeverGreetsIsAnError) {
     auto limits = patientLimits();
     limits.start = 50ms;
     makeReader(limits, "silent");
-    expectError(std::errc::timed_out);
+    expectErrorThatIsRemembered("silent", std::errc::timed_out);
 }
 
 TEST_F(ReaderPoolStart, AProcessThatGreetsAsAStrangerIsAnError) {
     makeReader(patientLimits(), "stranger");
-    expectError(std::errc::protocol_error);
+    expectErrorThatIsRemembered("stranger", std::errc::protocol_error);
 }
 
-TEST_F(ReaderPoolStart, AProcessThatOthersKillAsItStartsIsReplaced) {
-    makeReader(patientLimits(), "killed-at-first-start");
+TEST_F(ReaderPoolStart, ProcessesThatOthersKillAsTheyStartAreReplaced) {
+    makeReader(patientLimits(), "killed-at-nine-starts");
     EXPECT_EQ(text("say hello"), "hello");
 }
 
 TEST_F(ReaderPoolStart, ProcessesThatAreAllKilledAsTheyStartAreAnErrorForOnce) {
     makeReader(patientLimits(), "killed-at-start");
     expectError(std::errc::resource_unavailable_try_again);
+}
+
+TEST_F(ReaderPoolStart, APoolWithoutADescriptorForItselfLendsNothingAndEnds) {
+    rlimit before{};
+    ASSERT_EQ(::getrlimit(RLIMIT_NOFILE, &before), 0);
+    const rlimit none{.rlim_cur = 0, .rlim_max = before.rlim_max};
+    ASSERT_EQ(::setrlimit(RLIMIT_NOFILE, &none), 0);
+    makeReader();
+    ASSERT_EQ(::setrlimit(RLIMIT_NOFILE, &before), 0);
+    expectError(std::errc::too_many_files_open);
+    EXPECT_FALSE(hasChildren());
+    reader_.reset();
 }
 
 TEST_F(ReaderPoolStart, AfterAFailedStartNoneIsTriedForAWhile) {
@@ -172,6 +192,18 @@ TEST(ReaderProgram, WithoutOneThePlaceIsStillTold) {
     EXPECT_EQ(readerProgramOf(build.url("ui/nookwise")),
               build.url("libexec/nookwise/nookwise-reader"));
     EXPECT_EQ(readerProgram().lastPathComponent(), "nookwise-reader");
+}
+
+TEST_F(ReaderPoolStart, AProcessThatCannotRecogniseReadsDocumentsAndLearnsNothingOfPictures) {
+    makeReader(oneProcess(), "illiterate");
+    const auto id = idOfProcess();
+    const auto picture = file("say text");
+    const auto result = reader().ocr(picture, RecognitionGrade::fast, {});
+    ASSERT_FALSE(result);
+    EXPECT_EQ(result.error().code, std::errc::no_such_file_or_directory);
+    EXPECT_EQ(result.error().url, picture);
+    EXPECT_EQ(result.error().operation, "recognise");
+    EXPECT_EQ(text("say-id"), std::to_string(id));
 }
 
 }  // namespace

@@ -54,7 +54,9 @@ TEST_F(ReaderPoolStop, AStopEndsTheWaitForAProcess) {
     auto working = reading(file, first.get_token());
     idOfHanging(pipe);
     std::stop_source second;
-    auto waiting = reading(this->file("say hello"), second.get_token());
+    const auto hello = this->file("say hello");
+    auto waiting = reading(hello, second.get_token());
+    waitUntilOpen(hello);
     second.request_stop();
     expectCancelled(waiting.get());
     first.request_stop();
@@ -62,11 +64,14 @@ TEST_F(ReaderPoolStop, AStopEndsTheWaitForAProcess) {
 }
 
 TEST_F(ReaderPoolStop, AStopEndsTheWaitForAProcessThatDoesNotStart) {
-    makeReader(patientLimits(), "silent");
+    const auto door = folder_.makePipe("waiting-at-the-door.pipe");
+    makeReader(patientLimits(), "waiting-at-the-door");
     std::stop_source stop;
     auto call = reading(file("say hello"), stop.get_token());
+    const auto process = idOfHanging(door);
     stop.request_stop();
     expectCancelled(call.get());
+    waitForEndOf(process);
 }
 
 TEST_F(ReaderPoolStop, AStopOfOneCallLeavesTheOthersAlone) {

@@ -89,6 +89,27 @@ TEST_F(ReaderSlotsTest, TextAndPicturesNeverShareAProcess) {
     EXPECT_EQ(second->role, pictures);
 }
 
+TEST_F(ReaderSlotsTest, NoMoreProcessesAreStartedThanThereMayBe) {
+    slots_ = ReaderSlots(limits(9));
+    obtain(text);
+    auto* second = obtain(text);
+    ASSERT_NE(second, nullptr);
+    const auto third = slots_.join(text);
+    const auto picture = slots_.join(pictures);
+    EXPECT_EQ(obtain(text, third), nullptr);
+    EXPECT_EQ(obtain(pictures, picture), nullptr);
+    slots_.leave(pictures, picture);
+    takeBack(second);
+    EXPECT_EQ(obtain(text, third), second);
+}
+
+TEST_F(ReaderSlotsTest, NoMoreProcessesAreStartedForARoleThanItMayHave) {
+    slots_ = ReaderSlots(limits(1));
+    ASSERT_NE(obtain(text), nullptr);
+    EXPECT_EQ(obtain(text), nullptr);
+    EXPECT_NE(obtain(pictures), nullptr);
+}
+
 TEST_F(ReaderSlotsTest, WhoComesFirstIsServedFirst) {
     auto* first = obtain(text);
     auto* second = obtain(text);

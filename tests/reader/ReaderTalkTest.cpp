@@ -1,169 +1,87 @@
-#include "tests/reader/PdfWriter.h"
-#include "tests/reader/Probe.h"
-#include "tests/reader/StartedReader.h"
-#include "tests/support/TemporaryFolder.h"
-
-#include <string>
-#include <vector>
-
-#include <fcntl.h>
-#include <gtest/gtest.h>
-#include <sys/socket.h>
-#include <sys/wait.h>
-#include <unistd.h>
+#include "platform/linux/ReaderJobRun.h"
+#include "platform/linux/ReaderTalk.h"
+#include "tests/reader/ReaderPoolFixture.h"
 
 namespace nookwise {
 namespace {
 
-const std::string program = READER_PROBE;
-const std::vector<std::string> arguments{"pictures", "0", "0"};
+using namespace std::chrono_literals;
 
-std::string bytesOf(const ReaderRequest& request) {
-    return {reinterpret_cast<const char*>(&request), sizeof request};
-}
+using Outcome = ReaderTalk::Outcome;
 
-/// Open files that are closed with it.
-class OpenFiles {
-  public:
-    OpenFiles(std::initializer_list<int> numbers) : numbers_(numbers) {}
-    ~OpenFiles() {
-        for (const int number : numbers_) ::close(number);
+/// With a process that says nothing and takes nothing.
+class ReaderTalkTest : public testing::Test {
+  protected:
+    ReaderTalkTest() {
+        std::filesystem::create_symlink(NOOKWISE_FAKE_WORKER, folder_.path("silent"));
+        auto process = ReaderProcess::start(folder_.url("silent"), "text", {});
+        if (process) process_ = std::move(process.value());
     }
-    OpenFiles(const OpenFiles&) = delete;
-    OpenFiles& operator=(const OpenFiles&) = delete;
-    const std::vector<int>& numbers() const { return numbers_; }
+    ~ReaderTalkTest() override {
+        if (!process_) return;
+        endProcess();
+        EXPECT_TRUE(process_->isGone());
+    }
+    void SetUp() override { ASSERT_TRUE(process_); }
 
-  private:
-    std::vector<int> numbers_;
+    void endProcess() {
+        process_->kill();
+        pollfd watched{.fd = process_->handle(), .events = POLLIN, .revents = 0};
+        while (::poll(&watched, 1, -1) <= 0) {
+        }
+    }
+    static ReaderTalk talk(const ReaderProcess& process, const CallStop& stop,
+                           std::chrono::nanoseconds limit = 1h) {
+        return {process, stop, limit, limit};
+    }
+
+    static constexpr int notOpen = 1'000'000;
+
+    TemporaryFolder folder_;
+    std::optional<ReaderProcess> process_;
+    std::stop_source stopping_;
+    const CallStop stop_{stopping_.get_token(), {}};
+    const ReaderRequest request_;
 };
 
-/// Ends with the exit code for a conversation that makes no sense.
-void expectEnds(StartedReader& reader) {
-    EXPECT_FALSE(reader.answer());
-    const auto end = reader.end();
-    EXPECT_TRUE(WIFEXITED(end.status) && WEXITSTATUS(end.status) == 1) << end.status;
+TEST_F(ReaderTalkTest, WhatCameInTimeIsNotTooLateForBeingSeenLate) {
+    endProcess();
+    EXPECT_EQ(talk(*process_, stop_, 0ns).waitForEnd(), Outcome::done);
 }
 
-TEST(ReaderTalk, answersOneRequestAfterAnother) {
-    const TemporaryFolder home;
-    const auto file = home.write("a.pdf", latinPdf({"Hello"}));
-    StartedReader reader(program, arguments);
-    ASSERT_TRUE(reader.greeting());
-    for (int turn = 0; turn < 300; ++turn) {
-        EXPECT_EQ(reader.ask(ReaderJob::pdfText, std::string(file.path())),
-                  (ReaderAnswer{0, 0, "Hello\n"}));
-    }
+TEST_F(ReaderTalkTest, AStopThatCameInTimeIsNotTooLateEither) {
+    stopping_.request_stop();
+    EXPECT_EQ(talk(*process_, stop_, 0ns).waitForEnd(), Outcome::stopped);
 }
 
-TEST(ReaderTalk, takesRequestsThatCameBeforeTheAnswerBeforeThem) {
-    const TemporaryFolder home;
-    const auto first = home.write("a.pdf", latinPdf({"First"}));
-    const auto second = home.write("b.pdf", latinPdf({"Second"}));
-    StartedReader reader(program, arguments);
-    reader.request(ReaderJob::pdfText, std::string(first.path()));
-    reader.request(ReaderJob::pdfText, std::string(second.path()));
-    ASSERT_TRUE(reader.greeting());
-    EXPECT_EQ(reader.answer(), (ReaderAnswer{0, 0, "First\n"}));
-    EXPECT_EQ(reader.answer(), (ReaderAnswer{0, 0, "Second\n"}));
+TEST_F(ReaderTalkTest, WhatDidNotComeInTimeOverran) {
+    char byte = 0;
+    EXPECT_EQ(talk(*process_, stop_, 0ns).waitForEnd(), Outcome::overran);
+    EXPECT_EQ(talk(*process_, stop_, 0ns).receive(&byte, sizeof byte), Outcome::overran);
 }
 
-TEST(ReaderTalk, endsWhenTheOtherEndIsClosed) {
-    StartedReader reader(program, arguments);
-    ASSERT_TRUE(reader.greeting());
-    reader.closeSocket();
-    EXPECT_EQ(reader.end().status, 0);
+TEST_F(ReaderTalkTest, AProcessThatHasEndedHungUp) {
+    endProcess();
+    char byte = 0;
+    EXPECT_EQ(talk(*process_, stop_).send(&request_, sizeof request_, -1), Outcome::hungUp);
+    EXPECT_EQ(talk(*process_, stop_).receive(&byte, sizeof byte), Outcome::hungUp);
 }
 
-TEST(ReaderTalk, endsWithoutAGreetingWhenNobodyIsThereAnyMore) {
-    StartedReader reader(program, arguments);
-    reader.closeSocket();
-    EXPECT_TRUE(WIFEXITED(reader.end().status));
+TEST_F(ReaderTalkTest, WhatTheSystemDoesNotTakeIsNotTheProcessHangingUp) {
+    EXPECT_EQ(talk(*process_, stop_).send(&request_, sizeof request_, notOpen), Outcome::notSent);
 }
 
-TEST(ReaderTalk, endsWithoutAGreetingWhereItHasNoSuchRole) {
-    StartedReader reader(program, {"dancer", "0", "0"});
-    EXPECT_FALSE(reader.greeting());
-    const auto end = reader.end();
-    EXPECT_TRUE(WIFEXITED(end.status) && WEXITSTATUS(end.status) == 2) << end.status;
+TEST_F(ReaderTalkTest, WhatTheProcessLeavesNoRoomForIsNotSent) {
+    auto outcome = Outcome::done;
+    while (outcome == Outcome::done)
+        outcome = talk(*process_, stop_).send(&request_, sizeof request_, -1);
+    EXPECT_EQ(outcome, Outcome::notSent);
 }
 
-TEST(ReaderTalk, endsAtARequestWithoutAFile) {
-    StartedReader reader(program, arguments);
-    ASSERT_TRUE(reader.greeting());
-    reader.send(bytesOf({}));
-    expectEnds(reader);
-}
-
-TEST(ReaderTalk, endsAtARequestWithTwoFiles) {
-    const TemporaryFolder home;
-    const auto path = home.write("a", "a");
-    const OpenFiles files{::open(std::string(path.path()).c_str(), O_RDONLY),
-                          ::open(std::string(path.path()).c_str(), O_RDONLY)};
-    StartedReader reader(program, arguments);
-    ASSERT_TRUE(reader.greeting());
-    reader.send(bytesOf({}), files.numbers());
-    expectEnds(reader);
-}
-
-TEST(ReaderTalk, endsAtARequestWithTwentyFiles) {
-    const TemporaryFolder home;
-    const auto path = home.write("a", "a");
-    const OpenFiles file{::open(std::string(path.path()).c_str(), O_RDONLY)};
-    StartedReader reader(program, arguments);
-    ASSERT_TRUE(reader.greeting());
-    reader.send(bytesOf({}), std::vector<int>(20, file.numbers().front()));
-    expectEnds(reader);
-}
-
-TEST(ReaderTalk, endsAtWhatIsNoRegularFile) {
-    const TemporaryFolder home;
-    const auto pipe = home.makePipe("pipe");
-    const OpenFiles files{::open(std::string(pipe.path()).c_str(), O_RDONLY | O_NONBLOCK),
-                          ::open("/dev/zero", O_RDONLY), ::open("/", O_RDONLY | O_DIRECTORY),
-                          ::socket(AF_UNIX, SOCK_STREAM, 0)};
-    for (const int file : files.numbers()) {
-        StartedReader reader(program, arguments);
-        ASSERT_TRUE(reader.greeting());
-        reader.send(bytesOf({}), {file});
-        expectEnds(reader);
-    }
-}
-
-TEST(ReaderTalk, endsAtATornRequest) {
-    const TemporaryFolder home;
-    const auto path = home.write("a", "a");
-    const OpenFiles file{::open(std::string(path.path()).c_str(), O_RDONLY)};
-    StartedReader reader(program, arguments);
-    ASSERT_TRUE(reader.greeting());
-    reader.send(bytesOf({}).substr(0, 3), file.numbers());
-    reader.closeSocket();
-    const auto end = reader.end();
-    EXPECT_TRUE(WIFEXITED(end.status) && WEXITSTATUS(end.status) == 1) << end.status;
-}
-
-TEST(ReaderTalk, givesNothingForAJobThatFails) {
-    const TemporaryFolder home;
-    const auto file = std::string(home.write("a.pdf", latinPdf({"Hello"})).path());
-    StartedReader reader(program, arguments);
-    ASSERT_TRUE(reader.greeting());
-    EXPECT_EQ(reader.ask(asJob(Probe::throwSomething), file), ReaderAnswer());
-    EXPECT_EQ(reader.ask(ReaderJob::pdfText, file), (ReaderAnswer{0, 0, "Hello\n"}));
-}
-
-TEST(ReaderTalk, givesNothingForAJobItDoesNotKnow) {
-    const TemporaryFolder home;
-    const auto file = home.write("a.pdf", latinPdf({"Hello"}));
-    StartedReader reader(READER_PROGRAM, {"pictures"});
-    ASSERT_TRUE(reader.greeting());
-    EXPECT_EQ(reader.ask(asJob(Probe::makeUnixSocket), std::string(file.path())), ReaderAnswer());
-}
-
-TEST(ReaderTalk, recognisesNothingInTheRoleOfMakingPictures) {
-    const TemporaryFolder home;
-    const auto file = home.write("a.png", "a");
-    StartedReader reader(READER_PROGRAM, {"pictures"});
-    ASSERT_TRUE(reader.greeting());
-    EXPECT_EQ(reader.ask(ReaderJob::recogniseFast, std::string(file.path())), ReaderAnswer());
+TEST_F(ReaderTalkTest, OfAFileThatCouldNotBeHandedOverNothingWasLearnt) {
+    const ReaderJobLimits limits{.processorTime = 1h, .elapsedTime = 1h, .reply = 1'000};
+    const auto result = runReaderJob(*process_, request_, notOpen, limits, stop_);
+    EXPECT_EQ(result.kind, ReaderJobResult::Kind::lost);
 }
 
 }  // namespace

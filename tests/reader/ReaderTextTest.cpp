@@ -24,7 +24,6 @@ namespace {
 
 const std::vector<std::string> confined{"0", "0"};
 const std::vector<std::string> withoutFileRules{"38", "0"};
-const std::vector<std::string> unconfined{"38", "22"};
 
 std::span<const std::byte> bytesOf(const std::string& file) {
     return std::as_bytes(std::span(file));
@@ -106,14 +105,6 @@ TEST(ReaderText, ofDocumentsNeedsNoFileButInAsianEncodings) {
         EXPECT_EQ(worker.ask(ReaderJob::pdfText, document), asText(pdfText(bytesOf(document))));
     }
     EXPECT_TRUE(worker.ask(ReaderJob::pdfText, chinesePdf()));
-}
-
-TEST(ReaderText, ofDocumentsIsTheSameWhereNothingCanBeConfined) {
-    ASSERT_TRUE(preparePdf());
-    Worker worker(readerRole::text, unconfined);
-    for (const auto& document : documents()) {
-        EXPECT_EQ(worker.ask(ReaderJob::pdfText, document), asText(pdfText(bytesOf(document))));
-    }
 }
 
 TEST(ReaderText, ofPicturesIsTheSameInsideTheProcess) {

@@ -89,6 +89,7 @@ void StartedReader::request(ReaderJob job, const std::string& path, std::int32_t
 std::optional<ReaderAnswer> StartedReader::answer() {
     const auto reply = valueOf<ReaderReply>(receive(sizeof(ReaderReply)));
     if (!reply) return std::nullopt;
+    then_ = reply->then;
     auto bytes = receive(reply->length);
     if (!bytes) return std::nullopt;
     return ReaderAnswer{reply->width, reply->height, std::move(*bytes)};

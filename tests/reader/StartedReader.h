@@ -46,6 +46,8 @@ class StartedReader {
 
     void request(ReaderJob job, const std::string& path, std::int32_t argument = 0);
     std::optional<ReaderAnswer> answer();
+    /// What the last answer said.
+    ReaderThen then() const { return then_; }
 
     void send(std::string_view bytes);
     /// What was sent with `descriptors` beside it.
@@ -62,6 +64,7 @@ class StartedReader {
   private:
     int socket_ = -1;
     pid_t process_ = -1;
+    ReaderThen then_ = ReaderThen::waits;
 };
 
 }  // namespace nookwise

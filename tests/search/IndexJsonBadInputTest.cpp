@@ -1,4 +1,3 @@
-#include "search/JsonInput.h"
 #include "tests/search/IndexJsonText.h"
 
 namespace nookwise {
@@ -154,6 +153,14 @@ TEST(IndexJson, endsWhereItWasSaidToEnd) {
     EXPECT_EQ(indexFromJson(shorter, 1'000), IndexEntries());
 }
 
+TEST(IndexJson, takesNoEndlessNesting) {
+    const auto nested = [](std::size_t depth) {
+        return "\"x\":" + std::string(depth, '[') + std::string(depth, ']');
+    };
+    EXPECT_TRUE(takesMembers(nested(512)));
+    EXPECT_FALSE(takesMembers(nested(513)));
+}
+
 constexpr std::uint64_t gigabyte = 1'000'000'000;
 
 /// How many bytes are read of a gigabyte before it is seen to be no index.
@@ -173,16 +180,16 @@ TEST(IndexJson, isSoonSeenNotToBeIn) {
     EXPECT_LE(bytesReadOf("{\"/a\":{\"x\":", "["), little);
     EXPECT_LE(bytesReadOf("{\"/a\":{\"x\":", "{\"y\":"), little);
     EXPECT_LE(bytesReadOf("{\"/a\":{\"mtime\":", "1"), little);
-    EXPECT_LE(bytesReadOf("{\"/a\":{\"mtime\":0.", "0"), little);
-    EXPECT_LE(bytesReadOf("{\"/a\":{\"mtime\":1e", "0"), little);
 }
 
-TEST(IndexJson, hasNoStringThatNeverEnds) {
-    constexpr std::uint64_t most = JsonInput::longestString + (2 << 20U);
+TEST(IndexJson, hasNoStringOrNumberThatNeverEnds) {
+    constexpr std::uint64_t most = longestIndexedText + (2 << 20U);
     EXPECT_LE(bytesReadOf("{\"", "x"), most);
     EXPECT_LE(bytesReadOf("{\"/a\":{\"text\":\"", "x"), most);
     EXPECT_LE(bytesReadOf("{\"/a\":{\"y\":\"", "xyzzy"), most);
     EXPECT_LE(bytesReadOf("{\"/a\":{\"text\":\"", "\\n"), 2 * most);
+    EXPECT_LE(bytesReadOf("{\"/a\":{\"mtime\":1e", "0"), most);
+    EXPECT_LE(bytesReadOf("{\"/a\":{\"mtime\":0.", "0"), most);
 }
 
 TEST(IndexJson, needsLittleMemoryForMuchThatSaysNothing) {

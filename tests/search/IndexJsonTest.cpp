@@ -1,4 +1,3 @@
-#include "search/JsonInput.h"
 #include "tests/search/IndexJsonText.h"
 
 #include <cmath>
@@ -97,7 +96,7 @@ TEST(IndexJson, bringsBackEveryTimeExactly) {
 }
 
 TEST(IndexJson, leavesOutWhatCouldNotBeReadBack) {
-    const std::string longest(JsonInput::longestString, 'x');
+    const std::string longest(longestIndexedText, 'x');
     const auto infinity = std::numeric_limits<double>::infinity();
     const std::vector<IndexedFile> files{
         {FileUrl("/a"), indexEntry(infinity, "", std::nullopt)},

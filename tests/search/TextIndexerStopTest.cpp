@@ -102,32 +102,14 @@ TEST_F(TextIndexerStop, atOnceLeavesWhatIsBeingReadUnread) {
     EXPECT_EQ(indexer->cached(items).size(), 12u);
 }
 
-TEST_F(TextIndexerStop, comesWithTheFirstErrorOfTheReader) {
+TEST_F(TextIndexerStop, comesWithAReaderThatStopsByItself) {
     const auto items = documents(40);
-    reader.fail("/home/user/Documents/5.png", std::errc::broken_pipe);
+    reader.fail("/home/user/Documents/5.png", std::errc::operation_canceled);
     EXPECT_EQ(savesOf(items), 1);
     // The other three of its chunk are kept.
     EXPECT_EQ(reader.calls().size(), 8u);
     EXPECT_TRUE(steps.empty());
     EXPECT_EQ(indexer->cached(items).size(), 7u);
-    reader.allow("/home/user/Documents/5.png");
-    run(items);
-    EXPECT_EQ(reader.calls().size(), 8u + 33u);
-    EXPECT_EQ(indexer->cached(items).size(), 40u);
-}
-
-TEST_F(TextIndexerStop, comesAtOnceWithoutAReader) {
-    reader.failAll(std::errc::no_such_file_or_directory);
-    EXPECT_EQ(savesOf(documents(40)), 0);
-    EXPECT_EQ(reader.calls().size(), 4u);
-    EXPECT_TRUE(steps.empty());
-    EXPECT_TRUE(indexer->cached(documents(40)).empty());
-}
-
-TEST_F(TextIndexerStop, isNotNeededByFilesThatNeedNoReader) {
-    reader.failAll(std::errc::no_such_file_or_directory);
-    run(downloads(10));
-    EXPECT_EQ(steps, (std::vector<Step>{{10, 10, 10}}));
 }
 
 TEST_F(TextIndexerStop, letsTheNextRunGoOnWithoutReadingAnythingTwice) {

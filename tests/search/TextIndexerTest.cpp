@@ -80,14 +80,6 @@ TEST_F(TextIndexerTest, sharesTheBytesOfEqualSources) {
               told.at(items[1].url).source->view().data());
 }
 
-TEST_F(TextIndexerTest, keepsTextsUtf8) {
-    reader.setPdf("/d/a.pdf", "caf\xe9\xff");
-    run({fileAt("/d/a.pdf")});
-    EXPECT_EQ(textOf("/d/a.pdf"), "caf\uFFFD\uFFFD");
-    restart();
-    EXPECT_EQ(indexer->cached({{fileAt("/d/a.pdf")}}).size(), 1u);
-}
-
 TEST_F(TextIndexerTest, readsNothingTwice) {
     const auto items = documents(9);
     run(items);

@@ -16,7 +16,8 @@
 namespace nookwise {
 
 /// Safe to use from several threads. A file that the test said nothing about says nothing. Every
-/// call is noted, also one that fails. Set up what it says before it is used.
+/// call is noted, also one that fails. Set up what it says before it is used; only `failAll` may be
+/// called at any time.
 class FakeTextReader : public TextReader {
   public:
     enum class Operation { pdf, ocrFast, ocrAccurate, thumbnail, pixelSize };
@@ -46,14 +47,17 @@ class FakeTextReader : public TextReader {
         sizes_.insert_or_assign(FileUrl(path), size);
     }
 
-    /// Every operation on the file fails so, until it is allowed again.
+    /// Every operation on the file fails so, and on no other, until it is allowed again.
     void fail(std::string_view path, std::errc reason) {
         failures_.insert_or_assign(FileUrl(path), reason);
     }
     void allow(std::string_view path) { failures_.erase(FileUrl(path)); }
 
-    /// Every operation on any file fails so; nullopt ends that.
-    void failAll(std::optional<std::errc> reason) { failureOfAll_ = reason; }
+    /// No file can be read, for that reason; nullopt ends that.
+    void failAll(std::optional<std::errc> reason) {
+        const std::lock_guard lock(mutex_);
+        failureOfAll_ = reason;
+    }
 
     /// Called as each operation begins, before a stop is looked for, on the thread that asks.
     void onCall(std::function<void(const Call&)> observer) { observer_ = std::move(observer); }
@@ -88,20 +92,18 @@ class FakeTextReader : public TextReader {
     Result<Value> answer(const Call& call, const std::stop_token& stop, const Answers& answers,
                          const Key& key) {
         if (observer_) observer_(call);
-        {
-            const std::lock_guard lock(mutex_);
-            calls_.push_back(call);
-        }
-        if (stop.stop_requested()) return error(call, std::errc::operation_canceled);
-        if (failureOfAll_) return error(call, *failureOfAll_);
+        const std::lock_guard lock(mutex_);
+        calls_.push_back(call);
+        if (stop.stop_requested()) return error(call.url, std::errc::operation_canceled);
+        if (failureOfAll_) return error(FileUrl("/usr/libexec/reader"), *failureOfAll_);
         if (const auto failure = failures_.find(call.url); failure != failures_.end())
-            return error(call, failure->second);
+            return error(call.url, failure->second);
         const auto found = answers.find(key);
         return found == answers.end() ? Value() : Value(found->second);
     }
 
-    static FileError error(const Call& call, std::errc reason) {
-        return {.code = std::make_error_code(reason), .url = call.url, .operation = "read"};
+    static FileError error(const FileUrl& url, std::errc reason) {
+        return {.code = std::make_error_code(reason), .url = url, .operation = "read"};
     }
 
     std::map<FileUrl, std::string> pdfs_;
