@@ -25,7 +25,8 @@ class Answer : public AskFixture {
 TEST_F(Answer, tellsNamePlaceSizeAndAge) {
     ask("invoice");
     EXPECT_EQ(shownFile().name(), QStringLiteral("invoice.pdf"));
-    EXPECT_EQ(shownFile().place(), QStringLiteral("~/Downloads · 1 MB · 2 wk. ago"));
+    EXPECT_EQ(shownFile().place(), QStringLiteral("~/Downloads"));
+    EXPECT_EQ(shownFile().figures(), QStringLiteral("1 MB · 2 wk. ago"));
     EXPECT_EQ(shownFile().kindGroup(), QStringLiteral("pdf"));
     EXPECT_EQ(shownFile().kindLabel(), QStringLiteral("PDF"));
     EXPECT_FALSE(shownFile().picture().isEmpty());
@@ -35,6 +36,7 @@ TEST_F(Answer, hasNothingToTellWithoutAnswers) {
     ask("nothing like it");
     EXPECT_EQ(shownFile().name(), QString());
     EXPECT_EQ(shownFile().place(), QString());
+    EXPECT_EQ(shownFile().figures(), QString());
     EXPECT_FALSE(shownFile().hasText());
     shownFile().open();
     shownFile().showInFolder();

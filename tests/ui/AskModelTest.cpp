@@ -160,6 +160,44 @@ TEST_F(Asking, staysWithTheFileWhenMoreIsFound) {
     EXPECT_EQ(model.selectedRow(), 1);
 }
 
+TEST_F(Asking, staysWithTheFirstAnswerUntilTheUserChoosesOne) {
+    setFiles({found("/a/invoice 2", 2)});
+    ask("invoice");
+    setFiles({found("/a/invoice 1", 1), found("/a/invoice 2", 2)});
+    EXPECT_EQ(selectedName(), QStringLiteral("invoice 1"));
+    model.select(0);
+    setFiles({found("/a/invoice 0", 0), found("/a/invoice 1", 1)});
+    EXPECT_EQ(selectedName(), QStringLiteral("invoice 1"));
+    EXPECT_EQ(model.selectedRow(), 1);
+    ask("invoic");
+    EXPECT_EQ(model.selectedRow(), 0);
+    setFiles({found("/a/invoice new", 0), found("/a/invoice 1", 1)});
+    EXPECT_EQ(selectedName(), QStringLiteral("invoice new"));
+}
+
+TEST_F(Asking, tellsWhereRowsWent) {
+    setFiles({found("/a/invoice 1", 1), found("/a/invoice 2", 2), found("/a/invoice 3", 3)});
+    ask("invoice");
+    setFiles({found("/a/invoice 0", 0), found("/a/invoice 1", 1), found("/a/invoice 3", 3)});
+    EXPECT_EQ(model.rowAfterReplacement(0), 1);
+    EXPECT_EQ(model.rowAfterReplacement(1), 2) << "the next that stayed";
+    EXPECT_EQ(model.rowAfterReplacement(9), 2) << "the last that stayed";
+    EXPECT_EQ(model.rowAfterReplacement(-1), 1);
+    setFiles({found("/a/invoice 4", 4)});
+    EXPECT_EQ(model.rowAfterReplacement(0), -1);
+}
+
+TEST_F(Asking, tellsTheSameAgeInTheRowAndBesideIt) {
+    setFiles({found("/a/invoice 1", 0), found("/a/invoice 2", 0)});
+    ask("invoice");
+    fake.clock.set(fake.clock.now() + 5min);
+    model.select(1);
+    EXPECT_TRUE(model.selectedFile()->figures().endsWith(text(model.rows(), 1, "age")));
+    fake.tasks.advance(1min);
+    EXPECT_EQ(text(model.rows(), 1, "age"), QStringLiteral("5 min. ago"));
+    EXPECT_TRUE(model.selectedFile()->figures().endsWith(text(model.rows(), 1, "age")));
+}
+
 TEST_F(Asking, goesOnToTheNextWhenTheFileGoes) {
     setFiles({found("/a/invoice 1", 1), found("/a/invoice 2", 2), found("/a/invoice 3", 3)});
     ask("invoice");

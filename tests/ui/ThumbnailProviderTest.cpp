@@ -76,6 +76,24 @@ TEST_F(Thumbnails, showAPageWhole) {
     EXPECT_EQ(image.pixelColor(3, 28).alpha(), 0) << "beside the page";
 }
 
+TEST_F(Thumbnails, showTheTopOfAPageInAWidePreview) {
+    reader.setThumbnail(page, plain(60, 90, white));
+    const auto image = picture(idOf(page), {280, 176});
+    EXPECT_EQ(image.pixelColor(140, 5).alpha(), 0) << "above the page";
+    EXPECT_EQ(image.pixelColor(140, 20), QColor(Qt::white));
+    EXPECT_EQ(image.pixelColor(140, 175), QColor(Qt::white)) << "cut off at the lower edge";
+    EXPECT_EQ(image.pixelColor(85, 90), QColor(Qt::white));
+    EXPECT_EQ(image.pixelColor(70, 90).alpha(), 0) << "beside the page";
+}
+
+TEST_F(Thumbnails, showABroadPageWholeInAWidePreview) {
+    reader.setThumbnail(page, plain(160, 90, white));
+    const auto image = picture(idOf(page), {280, 176});
+    EXPECT_EQ(image.pixelColor(140, 88), QColor(Qt::white));
+    EXPECT_EQ(image.pixelColor(140, 5).alpha(), 0);
+    EXPECT_EQ(image.pixelColor(140, 170).alpha(), 0);
+}
+
 TEST_F(Thumbnails, areAskedForLargeEnoughToBeCut) {
     picture(idOf(photograph), {56, 40});
     ASSERT_EQ(reader.calls().size(), 1u);

@@ -46,19 +46,18 @@ SharedBytes textOf(const TextsByUrl& texts, const FileUrl& url) {
 AnswerModel::AnswerModel(const AppStore& store, const Platform& platform)
     : store_(store), platform_(platform) {}
 
-std::optional<FileUrl> AnswerModel::url() const {
-    return file_ ? std::optional(file_->url) : std::nullopt;
-}
-
 QString AnswerModel::name() const {
     return file_ ? shownName(file_->url.lastPathComponent()) : QString();
 }
 
 QString AnswerModel::place() const {
+    return file_ ? shownFolderOf(file_->url, platform_.folders.home()) : QString();
+}
+
+QString AnswerModel::figures() const {
     if (!file_) return {};
-    return QStringList{shownFolderOf(file_->url, platform_.folders.home()), shownBytes(file_->size),
-                       shown(Fmt::ago(knownDate(*file_), now_))}
-        .join(QStringLiteral(" · "));
+    return shownBytes(file_->size) + QStringLiteral(" · ") +
+           shown(Fmt::ago(knownDate(*file_), now_));
 }
 
 QString AnswerModel::kindGroup() const {

@@ -19,8 +19,10 @@ class AnswerModel : public QObject {
     QML_ELEMENT
     QML_UNCREATABLE("created by the application")
     Q_PROPERTY(QString name READ name NOTIFY changed)
-    /// "~/Downloads · 1.2 MB · 3 wk. ago".
+    /// "~/Downloads".
     Q_PROPERTY(QString place READ place NOTIFY changed)
+    /// "1.2 MB · 3 wk. ago".
+    Q_PROPERTY(QString figures READ figures NOTIFY changed)
     Q_PROPERTY(QString kindGroup READ kindGroup NOTIFY changed)
     Q_PROPERTY(QString kindLabel READ kindLabel NOTIFY changed)
     /// Empty for a file without one.
@@ -36,9 +38,9 @@ class AnswerModel : public QObject {
   public:
     AnswerModel(const AppStore& store, const Platform& platform);
 
-    std::optional<FileUrl> url() const;
     QString name() const;
     QString place() const;
+    QString figures() const;
     QString kindGroup() const;
     QString kindLabel() const;
     QString picture() const;

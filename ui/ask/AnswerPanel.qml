@@ -61,15 +61,25 @@ Rectangle {
                 visible: hover.hovered && nameLabel.truncated
             }
         }
-        Label {
+        Row {
             width: parent.width
-            look: Theme.caption
-            color: Theme.ink3
-            text: panel.file.place
-            elide: Text.ElideMiddle
-            Accessible.ignored: false
             Accessible.role: Accessible.StaticText
-            Accessible.name: text
+            Accessible.name: panel.file.place + figures.text
+
+            Label {
+                width: Math.min(Math.ceil(implicitWidth), parent.width - figures.width)
+                look: Theme.caption
+                color: Theme.ink3
+                text: panel.file.place
+                elide: Text.ElideMiddle
+            }
+            Label {
+                id: figures
+
+                look: Theme.caption
+                color: Theme.ink3
+                text: " · " + panel.file.figures
+            }
         }
     }
     Item {
@@ -105,10 +115,11 @@ Rectangle {
         anchors.top: heading.bottom
         anchors.bottom: cut.visible ? cut.top : buttons.top
         anchors.bottomMargin: cut.visible ? Theme.space2 : Theme.space3
-        x: preview.x
+        x: preview.x - inset
         width: panel.width - x - Theme.space2
         room: preview.width
         visible: panel.file.hasText
+        enabled: visible
         file: panel.file
     }
     Column {

@@ -14,6 +14,13 @@ ListView {
     readonly property int pageRows: Math.max(1, Math.floor(height / rowHeight) - 1)
     // The focus came from the mouse: no ring until a key is pressed.
     property bool pointed: false
+    // Whether the selected row is in sight, or was before the list got another size.
+    property bool inSight: false
+    property bool resizing: false
+    // What stays in its place while the answers become others.
+    property int keptRow: -1
+    property real keptY: 0
+    property bool keptAtBeginning: true
 
     clip: true
     model: ask.rows
@@ -28,17 +35,75 @@ ListView {
     Accessible.name: ask.countText
     T.ScrollBar.vertical: ThinScrollBar {}
 
+    // Where a row is below the list's upper edge.
+    function rowY(row: int): real {
+        return originY + row * rowHeight - contentY
+    }
+
+    function noteSight() {
+        const y = rowY(ask.selectedRow)
+        if (!resizing)
+            inSight = ask.selectedRow >= 0 && y > -rowHeight && y < height
+    }
+
     function showSelected() {
-        if (ask.selectedRow < 0)
-            return
         currentIndex = ask.selectedRow
-        positionViewAtIndex(currentIndex, ListView.Contain)
+        if (currentIndex >= 0)
+            positionViewAtIndex(currentIndex, ListView.Contain)
+        noteSight()
+    }
+
+    function choose(row: int) {
+        ask.select(row)
+        showSelected()
     }
 
     function point(row: int) {
         pointed = true
         forceActiveFocus(Qt.MouseFocusReason)
-        ask.select(row)
+        choose(row)
+    }
+
+    function showBeginning() {
+        forceLayout()
+        positionViewAtBeginning()
+        noteSight()
+    }
+
+    function notePlace() {
+        noteSight()
+        keptAtBeginning = contentY <= originY
+        keptRow = inSight ? ask.selectedRow : Math.max(0, Math.floor((contentY - originY) / rowHeight))
+        keptY = rowY(keptRow)
+    }
+
+    // Texts that are read, and time, change the answers: nobody is to lose their place for it.
+    function keepPlace() {
+        const row = ask.rowAfterReplacement(keptRow)
+        if (row < 0 || (keptAtBeginning && ask.selectedRow === 0)) {
+            showBeginning()
+            return
+        }
+        forceLayout()
+        if (rowY(row) !== keptY)
+            positionViewAtIndex(row, ListView.Beginning)
+        const place = Math.max(originY, Math.min(contentY + rowY(row) - keptY, originY + contentHeight + bottomMargin - height))
+        if (place !== contentY)
+            contentY = place
+        noteSight()
+    }
+
+    function beginResize() {
+        resizing = true
+        resized.restart()
+    }
+
+    function endResize() {
+        forceLayout()
+        resizing = false
+        if (inSight)
+            showSelected()
+        noteSight()
     }
 
     // Keys that move the selection, pressed here or where the question is typed.
@@ -50,17 +115,17 @@ ListView {
         if (event.modifiers & (Qt.ShiftModifier | Qt.ControlModifier | Qt.AltModifier))
             return
         if (event.key === Qt.Key_Down)
-            ask.select(row + 1)
+            choose(row + 1)
         else if (event.key === Qt.Key_Up)
-            ask.select(row - 1)
+            choose(row - 1)
         else if (event.key === Qt.Key_PageDown)
-            ask.select(row + pageRows)
+            choose(row + pageRows)
         else if (event.key === Qt.Key_PageUp)
-            ask.select(row - pageRows)
+            choose(row - pageRows)
         else if (event.key === Qt.Key_Home && here)
-            ask.select(0)
+            choose(0)
         else if (event.key === Qt.Key_End && here)
-            ask.select(count - 1)
+            choose(count - 1)
         else if (event.key === Qt.Key_Return || event.key === Qt.Key_Enter)
             openSelected(event.isAutoRepeat)
         else
@@ -74,12 +139,34 @@ ListView {
     }
 
     Component.onCompleted: showSelected()
+    onContentYChanged: noteSight()
+    onHeightChanged: beginResize()
+    onRowHeightChanged: beginResize()
     onActiveFocusChanged: if (!activeFocus) pointed = false
+    // The new heights of rows and list come one after the other.
+    Timer {
+        id: resized
+
+        interval: 0
+        onTriggered: list.endResize()
+    }
     Connections {
         target: list.ask
 
         function onSelected() {
-            list.showSelected()
+            list.currentIndex = list.ask.selectedRow
+        }
+
+        function onAboutToAnswer() {
+            list.notePlace()
+        }
+
+        function onAnswered() {
+            list.keepPlace()
+        }
+
+        function onQuestionChanged() {
+            list.showBeginning()
         }
     }
     Keys.onPressed: event => work(event)

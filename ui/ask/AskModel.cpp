@@ -113,7 +113,20 @@ void AskModel::removeFilter(int row) {
 }
 
 void AskModel::select(int row) {
+    selection_ = Selection::chosen;
     lookAt(std::clamp(row, 0, std::max(rows_.rowCount() - 1, 0)));
+}
+
+int AskModel::rowAfterReplacement(int row) const {
+    const int count = static_cast<int>(before_.size());
+    const auto found = [this](int one) {
+        return rows_.rowOf(before_[static_cast<std::size_t>(one)]);
+    };
+    for (int next = std::max(row, 0); next < count; ++next)
+        if (const int now = found(next); now >= 0) return now;
+    for (int previous = std::min(row, count) - 1; previous >= 0; --previous)
+        if (const int now = found(previous); now >= 0) return now;
+    return -1;
 }
 
 QString AskModel::marked(const QString& name, const QStringList& words) {
@@ -128,38 +141,36 @@ void AskModel::askFor(const QString& question) {
 }
 
 void AskModel::ask() {
-    answer(Selection::first);
+    selection_ = Selection::automatic;
+    answer();
     emit questionChanged();
 }
 
-void AskModel::answer(Selection selection) {
+void AskModel::answer() {
     soon_.reset();
-    const Date now = platform_.clock.now();
-    query_ = QueryParser::parse(store_.searchText.get(), now);
+    now_ = platform_.clock.now();
+    query_ = QueryParser::parse(store_.searchText.get(), now_);
     std::vector<AskResult> results = store_.ask(query_, mostShown + 1);
     more_ = results.size() > mostShown;
     if (more_) results.pop_back();
-    const int before = selectedRow_;
-    const std::optional<FileUrl> file = file_.url();
-    rows_.setResults(std::move(results), query_.words, now);
+    emit aboutToAnswer();
+    before_.clear();
+    for (const AskResult& result : rows_.results()) before_.push_back(result.file.url);
+    rows_.setResults(std::move(results), query_.words, now_);
     showFilters();
-    if (selection == Selection::first) {
-        lookAt(0);
-    } else {
-        const int row = file ? rows_.rowOf(*file) : -1;
-        lookAt(row >= 0 ? row : std::clamp(before, 0, std::max(rows_.rowCount() - 1, 0)));
-    }
+    const bool chosen = selection_ == Selection::chosen;
+    lookAt(chosen ? std::max(rowAfterReplacement(selectedRow_), 0) : 0);
     emit changed();
     emit answered();
 }
 
 void AskModel::answerSoon() {
     if (!isShown() || soon_) return;
-    soon_ = platform_.tasks.after(pause, [this] { answer(Selection::kept); });
+    soon_ = platform_.tasks.after(pause, [this] { answer(); });
 }
 
 void AskModel::answerWhenShown() {
-    if (isShown()) answer(Selection::kept);
+    if (isShown()) answer();
 }
 
 void AskModel::showFilters() {
@@ -177,8 +188,9 @@ void AskModel::lookAt(int row) {
     const auto position = static_cast<std::size_t>(row);
     const bool there = position < results.size();
     selectedRow_ = there ? row : -1;
-    file_.look(there ? std::optional(results[position].file) : std::nullopt, query_.words,
-               platform_.clock.now());
+    if (!there) selection_ = Selection::automatic;
+    // As of the answers, so that it tells the same age as the row.
+    file_.look(there ? std::optional(results[position].file) : std::nullopt, query_.words, now_);
     emit selected();
 }
 

@@ -61,6 +61,8 @@ class AskModel : public QObject {
     Q_INVOKABLE void removeFilter(int row);
     /// Selects the row, or the nearest one there is.
     Q_INVOKABLE void select(int row);
+    /// Where a row of the answers before is now, or the nearest one that stayed; -1 if none did.
+    Q_INVOKABLE int rowAfterReplacement(int row) const;
     /// A name, or a part of one, with the words marked, as markup.
     Q_INVOKABLE static QString marked(const QString& name, const QStringList& words);
     /// Asks from anywhere in the window.
@@ -71,11 +73,14 @@ class AskModel : public QObject {
     void changed();
     /// Another row, or another file in it.
     void selected();
+    /// The rows are about to become others.
+    void aboutToAnswer();
     /// The question was answered, or answered anew.
     void answered();
 
   private:
-    enum class Selection { first, kept };
+    /// Who selected the row: without the user it is the first, whichever that becomes.
+    enum class Selection { automatic, chosen };
     struct Filter {
         QString icon;
         QString heading;
@@ -86,7 +91,7 @@ class AskModel : public QObject {
 
     bool isShown() const { return store_.section.get() == AppSection::search; }
     void ask();
-    void answer(Selection selection);
+    void answer();
     /// What is asked of has changed.
     void answerSoon();
     void answerWhenShown();
@@ -104,6 +109,11 @@ class AskModel : public QObject {
     ValueListModel<Filter> filters_;
     AnswerModel file_;
     int selectedRow_ = -1;
+    Selection selection_ = Selection::automatic;
+    /// When the question was answered.
+    Date now_{};
+    /// The files of the answers before.
+    std::vector<FileUrl> before_;
     std::unique_ptr<Tasks::Delay> soon_;
     std::unique_ptr<Tasks::Delay> nextMinute_;
     std::vector<Subscription> subscriptions_;

@@ -18,13 +18,8 @@ EmptyState {
     Column {
         spacing: Theme.space7
 
-        Flow {
-            id: filters
-
-            readonly property real wanted: Array.from(children).reduce((sum, item) => sum + (item.visible ? item.implicitWidth + spacing : 0), -spacing)
-
-            anchors.horizontalCenter: parent.horizontalCenter
-            width: Math.min(noMatch.width, Math.max(wanted, 0))
+        CentredFlow {
+            width: noMatch.width
             visible: noMatch.ask.filtered
             spacing: 10
 

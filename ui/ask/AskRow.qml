@@ -152,7 +152,7 @@ Rectangle {
         visible: row.ring
     }
     Tip {
-        text: row.place + "/" + row.name
+        text: row.name
         visible: hover.hovered && metrics.elidedText !== row.name
     }
 }

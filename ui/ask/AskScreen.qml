@@ -1,6 +1,7 @@
 // The screen that answers questions.
 pragma ComponentBehavior: Bound
 import QtQuick
+import QtQuick.Window
 import Nookwise
 
 ContentScreen {
@@ -29,7 +30,13 @@ ContentScreen {
         ask.removeFilter(row)
     }
 
+    // What held the focus went with the answers.
+    Window.onActiveFocusItemChanged: if (Window.activeFocusItem === screen) field.forceActiveFocus(Qt.OtherFocusReason)
     Keys.onEscapePressed: clear()
+    Keys.onPressed: event => {
+        if (!field.activeFocus)
+            field.take(event)
+    }
 
     QuestionField {
         id: field

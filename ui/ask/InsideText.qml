@@ -9,6 +9,8 @@ Flickable {
     required property AnswerModel file
     // The width of a line; what is left beside it is the scroll bar's.
     required property real room
+    // What the focus ring takes to the left of the lines.
+    readonly property real inset: Theme.ringGap + Theme.strongLine
 
     clip: true
     contentWidth: width
@@ -53,7 +55,8 @@ Flickable {
     T.TextArea {
         id: text
 
-        width: view.room
+        width: view.inset + view.room
+        leftPadding: view.inset
         height: Math.max(contentHeight + topPadding + bottomPadding, view.height)
         topPadding: Theme.space3
         bottomPadding: Theme.space3

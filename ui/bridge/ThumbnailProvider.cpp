@@ -25,6 +25,11 @@ constexpr double smallCorner = 6.0 / 56.0;
 constexpr double largeCorner = 12.0 / 176.0;
 constexpr int largePicture = 150;
 constexpr int largestSide = 1024;
+/// The part of a preview that a page takes.
+constexpr double pageRoom = 0.84;
+/// Width to height, from which on the top of a page is shown rather than all of it.
+constexpr double widePreview = 1.3;
+constexpr double cutPageWidth = 0.44;
 
 bool isPage(const FileUrl& url) {
     return lowercased(url.pathExtension()) == "pdf";
@@ -72,15 +77,25 @@ QImage filled(const QImage& picture, const QSize& size) {
     return image;
 }
 
+QRect centred(const QSize& page, const QSize& size) {
+    return {QPoint((size.width() - page.width()) / 2, (size.height() - page.height()) / 2), page};
+}
+
+/// Where the page is drawn, partly below the lower edge of a wide preview.
+QRect placeOf(const QSize& page, const QSize& size) {
+    const QRect whole = centred(page.scaled(size * pageRoom, Qt::KeepAspectRatio), size);
+    const int width = qRound(size.width() * cutPageWidth);
+    if (size.width() < size.height() * widePreview || whole.width() >= width) return whole;
+    const int height = qRound(double(width) * page.height() / page.width());
+    return {(size.width() - width) / 2, qRound(size.height() * (1 - pageRoom) / 2), width, height};
+}
+
 QImage framed(const QImage& page, const QSize& size) {
     QImage image(size, QImage::Format_ARGB32_Premultiplied);
     image.fill(Qt::transparent);
     QPainter painter(&image);
     painter.setRenderHints(QPainter::Antialiasing | QPainter::SmoothPixmapTransform);
-    const QSize room = size * 0.84;
-    const QSize shown = page.size().scaled(room, Qt::KeepAspectRatio);
-    const QRect place(
-        QPoint((size.width() - shown.width()) / 2, (size.height() - shown.height()) / 2), shown);
+    const QRect place = placeOf(page.size(), size);
     painter.fillRect(place, Qt::white);
     painter.drawImage(place, page);
     painter.setPen(QColor(0, 0, 0, 40));

@@ -15,6 +15,8 @@ Text {
     font.letterSpacing: look.spacing
     lineHeightMode: Text.FixedHeight
     lineHeight: look.line
+    // A name in letters that run to the left still begins where its neighbours do.
+    horizontalAlignment: Text.AlignLeft
     verticalAlignment: Text.AlignVCenter
     Accessible.ignored: true
 }

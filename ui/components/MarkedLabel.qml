@@ -11,7 +11,7 @@ Text {
     property int weight: look.weight
 
     textFormat: Text.RichText
-    text: Theme.markStyle(look) + "<div class=\"marked\">" + markup + "</div>"
+    text: Theme.markStyle(look) + "<div class=\"marked\" align=\"left\">" + markup + "</div>"
     color: Theme.ink
     font.family: look.family
     font.pixelSize: look.size

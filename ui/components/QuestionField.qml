@@ -15,6 +15,29 @@ T.TextField {
 
     readonly property bool blank: text === "" && preeditText === ""
 
+    // Takes a key that was pressed elsewhere, if it belongs to a question.
+    function take(event: var) {
+        const modified = event.modifiers & (Qt.ControlModifier | Qt.AltModifier | Qt.MetaModifier)
+        const erases = event.key === Qt.Key_Backspace
+        if (modified || (!erases && (event.text < " " || event.text === "\x7f")))
+            return
+        forceActiveFocus(Qt.OtherFocusReason)
+        if (selectedText !== "")
+            remove(selectionStart, selectionEnd)
+        else if (erases)
+            remove(previousCharacter(), cursorPosition)
+        if (!erases)
+            insert(cursorPosition, event.text)
+        textEdited()
+        event.accepted = true
+    }
+
+    function previousCharacter(): int {
+        const last = text.charCodeAt(cursorPosition - 1)
+        const halfOfTwo = last >= 0xDC00 && last <= 0xDFFF
+        return Math.max(0, cursorPosition - (halfOfTwo ? 2 : 1))
+    }
+
     implicitHeight: 44
     leftPadding: 47
     rightPadding: 52

@@ -136,6 +136,27 @@ void Bench::setText(const QString& path, const QString& text) {
     application_->fake.tasks.advance(std::chrono::milliseconds(50));
 }
 
+void Bench::land(const QString& path) {
+    FileItem file;
+    file.url = FileUrl(path.toStdString());
+    file.size = megabyte;
+    file.added = application_->fake.clock.now();
+    std::vector<FileItem> files = application_->store->files.get();
+    files.push_back(std::move(file));
+    application_->store->files.set(std::move(files));
+    application_->fake.tasks.advance(std::chrono::milliseconds(50));
+}
+
+void Bench::loseFiles() {
+    application_->store->files.set({});
+    application_->fake.tasks.advance(std::chrono::milliseconds(50));
+}
+
+void Bench::passMinutes(int minutes) {
+    application_->fake.clock.set(application_->fake.clock.now() + std::chrono::minutes(minutes));
+    application_->fake.tasks.advance(std::chrono::minutes(minutes));
+}
+
 void Bench::setIndexing(int done, int total) {
     if (total == 0) return application_->store->indexing.set(std::nullopt);
     application_->store->indexing.set(

@@ -42,6 +42,11 @@ class Bench : public QObject {
     Q_INVOKABLE void fillAnswers();
     /// What is read inside a file, beside what a scan has found.
     Q_INVOKABLE void setText(const QString& path, const QString& text);
+    /// A file that was added just now comes beside what a scan has found.
+    Q_INVOKABLE void land(const QString& path);
+    /// Nothing is left of what a scan has found.
+    Q_INVOKABLE void loseFiles();
+    Q_INVOKABLE void passMinutes(int minutes);
     /// So many files' texts are read, or none are under way when `total` is 0.
     Q_INVOKABLE void setIndexing(int done, int total);
     Q_INVOKABLE void runScan();
