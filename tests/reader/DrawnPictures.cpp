@@ -19,11 +19,6 @@ void check(int failed) {
     throw std::runtime_error(reason);
 }
 
-void preparedOnce() {
-    static const bool prepared = (preparePictures(), true);
-    (void)prepared;
-}
-
 /// Replaces an image by what an operation makes of it.
 template <typename Operation>
 void replace(VipsImage*& image, Operation operation) {
@@ -62,8 +57,13 @@ VipsImage* inMemory(VipsImage* image) {
 
 }  // namespace
 
+void prepareOnce() {
+    static const bool prepared = (preparePictures(), true);
+    (void)prepared;
+}
+
 Drawing::Drawing(int width, int height, Rgba ground) : image_(nullptr) {
-    preparedOnce();
+    prepareOnce();
     image_ = inMemory(plain(width, height, ground));
 }
 

@@ -11,6 +11,9 @@ struct _VipsImage;
 
 namespace nookwise {
 
+/// Before anything is decoded or drawn. A drawing does it by itself.
+void prepareOnce();
+
 using FileBytes = std::string;
 
 inline std::span<const std::byte> bytesOf(const FileBytes& file) {

@@ -287,6 +287,7 @@ TEST(Pictures, thatClaimMoreThanTheyHoldDoNoHarm) {
 }
 
 TEST(Pictures, areNothingWhenTheFileIsNoPicture) {
+    prepareOnce();
     const std::string header = "\x89PNG\r\n\x1a\n";
     for (const std::string& file :
          {std::string(), std::string("B"), std::string("BM"), std::string("hello, world\n"),
