@@ -73,7 +73,11 @@ double sampleTextBytes() {
 
 void writeSample(IndexFile& file) {
     const auto addAll = [](IndexJsonWriter& writer) {
-        forEachSample([&](const FileUrl& url, const IndexEntry& entry) { writer.add(url, entry); });
+        bool isTaken = true;
+        forEachSample([&](const FileUrl& url, const IndexEntry& entry) {
+            isTaken = isTaken && writer.add(url, entry);
+        });
+        return isTaken;
     };
     if (!file.save(addAll)) std::exit(1);
 }

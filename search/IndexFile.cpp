@@ -21,11 +21,10 @@ IndexEntries IndexFile::load() const {
     return indexFromJson(*opened.value(), size).value_or(IndexEntries());
 }
 
-bool IndexFile::save(const std::function<void(IndexJsonWriter&)>& addAll) {
+bool IndexFile::save(const std::function<bool(IndexJsonWriter&)>& addAll) {
     const auto contents = [&](const ContentsSink& sink) {
         IndexJsonWriter writer(sink);
-        addAll(writer);
-        return writer.finish();
+        return addAll(writer) && writer.finish();
     };
     return static_cast<bool>(files_.replaceContents(file_, contents));
 }

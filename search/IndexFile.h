@@ -17,9 +17,9 @@ class IndexFile {
     /// Empty when there is no file, or it cannot be read or understood as a whole.
     IndexEntries load() const;
 
-    /// Replaces the file with the entries that `addAll` gives to the writer. False when it stays as
-    /// it was.
-    bool save(const std::function<void(IndexJsonWriter&)>& addAll);
+    /// Replaces the file with the entries that `addAll` gives to the writer, unless that returns
+    /// false. False when it stays as it was.
+    bool save(const std::function<bool(IndexJsonWriter&)>& addAll);
 
   private:
     FileManager& files_;

@@ -148,33 +148,32 @@ void TextIndexer::keep(std::span<const FileItem> files, std::vector<Result<Index
 
 void TextIndexer::save() {
     written_.with([&](std::uint64_t& written) {
-        const auto [entries, additions] = index_.with([&](const Index& index) {
-            std::vector<const IndexEntries::value_type*> all;
-            if (index.additions != written) {
-                all.reserve(index.entries.size());
-                for (const auto& entry : index.entries) all.push_back(&entry);
-            }
-            return std::pair(std::move(all), index.additions);
+        const auto [buckets, additions] = index_.with([](const Index& index) {
+            return std::pair(index.entries.bucket_count(), index.additions);
         });
         if (additions == written) return;
-        const auto addAll = [&](IndexJsonWriter& writer) { write(entries, writer); };
+        const auto addAll = [&](IndexJsonWriter& writer) { return write(buckets, writer); };
         if (file_.save(addAll)) written = additions;
     });
 }
 
-void TextIndexer::write(std::span<const IndexEntries::value_type* const> entries,
-                        IndexJsonWriter& writer) {
-    // Copied a few at a time: an entry may be replaced meanwhile, but is never removed.
+bool TextIndexer::write(std::size_t buckets, IndexJsonWriter& writer) {
     std::vector<std::pair<FileUrl, IndexEntry>> copies;
-    for (bool isTaken = true; isTaken && !entries.empty();) {
-        const auto some = entries.first(std::min(entries.size(), entriesAtOnce));
-        entries = entries.subspan(some.size());
+    for (std::size_t bucket = 0; bucket < buckets;) {
         copies.clear();
-        index_.with([&](const Index&) {
-            for (const auto* const entry : some) copies.push_back(*entry);
+        // A few at a time, so that neither a copy nor a list of all is needed. An entry may be
+        // added or replaced meanwhile, but as long as the buckets stay, none leaves its own.
+        const bool isInPlace = index_.with([&](const Index& index) {
+            if (index.entries.bucket_count() != buckets) return false;
+            for (; bucket < buckets && copies.size() < entriesAtOnce; ++bucket)
+                copies.insert(copies.end(), index.entries.begin(bucket), index.entries.end(bucket));
+            return true;
         });
-        for (const auto& [url, entry] : copies) isTaken = writer.add(url, entry);
+        if (!isInPlace) return false;
+        for (const auto& [url, entry] : copies)
+            if (!writer.add(url, entry)) return false;
     }
+    return true;
 }
 
 }  // namespace nookwise

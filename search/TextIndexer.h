@@ -69,7 +69,8 @@ class TextIndexer {
     /// Takes what was read into the index and into `pending`.
     void keep(std::span<const FileItem> files, std::vector<Result<IndexEntry>>&& read,
               IndexEntries& pending);
-    void write(std::span<const IndexEntries::value_type* const> entries, IndexJsonWriter& writer);
+    /// False when not all could be written, or the index grew beyond so many buckets meanwhile.
+    bool write(std::size_t buckets, IndexJsonWriter& writer);
 
     const Metadata& metadata_;
     const UserFolders& folders_;

@@ -2,6 +2,8 @@
 #include "tests/support/FailingFileManager.h"
 #include "tests/support/FakeFileManager.h"
 
+#include <algorithm>
+
 #include <gtest/gtest.h>
 
 namespace nookwise {
@@ -15,7 +17,9 @@ class FileOfTheIndex : public testing::Test {
     IndexFile in(FileManager& manager) const { return {manager, FileUrl(folderPath)}; }
     static bool save(IndexFile index, const IndexEntries& entries) {
         return index.save([&](IndexJsonWriter& writer) {
-            for (const auto& [url, entry] : entries) writer.add(url, entry);
+            return std::all_of(entries.begin(), entries.end(), [&](const auto& entry) {
+                return writer.add(entry.first, entry.second);
+            });
         });
     }
     bool save(const IndexEntries& entries) { return save(in(files), entries); }
@@ -95,6 +99,14 @@ TEST_F(FileOfTheIndex, staysAsItWasOnAFullDisk) {
         EXPECT_FALSE(save(others)) << room;
         EXPECT_EQ(load(), some) << room;
     }
+}
+
+TEST_F(FileOfTheIndex, staysAsItWasWhenNotAllIsGiven) {
+    ASSERT_TRUE(save(some));
+    EXPECT_FALSE(in(files).save([&](IndexJsonWriter& writer) {
+        return writer.add(FileUrl("/d"), indexEntry(4, "D", {})) && false;
+    }));
+    EXPECT_EQ(load(), some);
 }
 
 TEST_F(FileOfTheIndex, staysAsItWasWhereItMayNotBeWritten) {
