@@ -101,7 +101,9 @@ void printTimes(IndexFile& file, double size) {
     IndexEntries loaded;
     const auto forget = [&] { loaded.clear(); };
     const auto addAll = [&](IndexJsonWriter& writer) {
-        for (const auto& [url, entry] : loaded) writer.add(url, entry);
+        return std::all_of(loaded.begin(), loaded.end(), [&](const auto& entry) {
+            return writer.add(entry.first, entry.second);
+        });
     };
     const auto seconds = bench::medians(
         {{"load", [&] { loaded = file.load(); }, forget}, {"save", [&] { file.save(addAll); }}});

@@ -12,7 +12,7 @@
 namespace nookwise {
 namespace {
 
-constexpr std::size_t pieceSize = std::size_t{256} << 10U;
+constexpr std::size_t pieceSize = std::size_t{64} << 10U;
 
 bool canBeReadBack(const IndexEntry& entry) {
     return std::isfinite(entry.mtime) && entry.text.view().size() <= longestIndexedText;

@@ -40,7 +40,7 @@ class JsonPieces {
   private:
     FileReader& file_;
     std::uint64_t unread_;
-    std::vector<char> piece_ = std::vector<char>(std::size_t{256} << 10U);
+    std::vector<char> piece_ = std::vector<char>(std::size_t{64} << 10U);
     bool isEnded_ = false;
 };
 
