@@ -18,6 +18,7 @@
 #include <string>
 
 #include <fcntl.h>
+#include <poll.h>
 #include <sched.h>
 #include <sys/prctl.h>
 #include <sys/resource.h>
@@ -205,7 +206,8 @@ const std::map<std::string, std::function<void(const Job&)>>& commands() {
         {"drip",
          [](const Job&) {
              sayAsItLies(ReaderReply{.length = 1'000'000});
-             for (;;) writeAll(readerSocket, "x"), ::usleep(1000);
+             pollfd interruption{.fd = readerSocket, .events = POLLIN, .revents = 0};
+             while (::poll(&interruption, 1, 1) == 0) writeAll(readerSocket, "x");
          }},
         {"die", [](const Job&) { ::_exit(0); }},
         {"crash", [](const Job&) { endBySignal(SIGSEGV); }},
