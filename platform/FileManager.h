@@ -2,6 +2,7 @@
 #pragma once
 
 #include "platform/Contents.h"
+#include "platform/CopyWatch.h"
 #include "platform/Date.h"
 #include "platform/FileUrl.h"
 #include "platform/Result.h"
@@ -130,7 +131,10 @@ class FileManager {
     virtual Result<std::vector<FoundFile>> list(const FileUrl& folder,
                                                 std::stop_token stop) const = 0;
 
-    virtual Result<FileAttributes> attributes(const FileUrl& url) const = 0;
+    /// May take long for a package, whose contents are summed up; fails soon after a stop request.
+    virtual Result<FileAttributes> attributes(const FileUrl& url, std::stop_token stop) const = 0;
+
+    Result<FileAttributes> attributes(const FileUrl& url) const { return attributes(url, {}); }
 
     /// Where a path really leads, every link on it followed.
     virtual Result<FileUrl> resolved(const FileUrl& url) const = 0;
@@ -153,10 +157,21 @@ class FileManager {
     /// Never overwrites: fails with std::errc::file_exists when `to` is taken, even at the last
     /// moment. After a failure `from` is as it was and nothing of it stands at `to`. What is moved
     /// out of the Trash is no longer listed there. May take as long as copying takes.
-    virtual Result<std::monostate> move(const FileUrl& from, const FileUrl& to) = 0;
+    virtual Result<std::monostate> move(const FileUrl& from, const FileUrl& to,
+                                        const CopyWatch& watch) = 0;
+
+    /// Likewise with nobody watching.
+    Result<std::monostate> move(const FileUrl& from, const FileUrl& to) {
+        return move(from, to, CopyWatch{});
+    }
 
     /// Copies likewise, with permissions, times and extended attributes.
-    virtual Result<std::monostate> copy(const FileUrl& from, const FileUrl& to) = 0;
+    virtual Result<std::monostate> copy(const FileUrl& from, const FileUrl& to,
+                                        const CopyWatch& watch) = 0;
+
+    Result<std::monostate> copy(const FileUrl& from, const FileUrl& to) {
+        return copy(from, to, CopyWatch{});
+    }
 
     /// Moves a file, a folder or a link itself to the user's Trash and returns its place there, or
     /// none where the platform does not tell. After a failure `url` is as it was.

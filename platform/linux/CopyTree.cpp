@@ -33,13 +33,14 @@ bool isStill(const FileState& state, int file) {
 /// How the copy reaches the disk.
 enum class Sync { eachFile, fileSystem };
 
-bool copyRegularFile(const FileState& state, TreePlace from, TreePlace to, Sync sync) {
+bool copyRegularFile(const FileState& state, TreePlace from, TreePlace to, Sync sync,
+                     WatchedCopy& watched) {
     // Something else may have come in its place, even a pipe, which must not be waited for.
     const auto source = openBelow(from.folder, from.name, O_RDONLY | O_NONBLOCK | O_NOCTTY);
     if (!source || !isStill(state, source.get())) return false;
     const FileDescriptor copy(
         ::openat(to.folder, to.name, O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, 0600));
-    return copy && copyContents(source.get(), copy.get(), state) &&
+    return copy && copyContents(source.get(), copy.get(), state, watched) &&
            copyMetadata(source.get(), copy.get(), state) &&
            (sync == Sync::fileSystem || ::fsync(copy.get()) == 0) && isStill(state, source.get());
 }
@@ -61,10 +62,11 @@ bool makeFolderForFilling(TreePlace to) {
     return true;
 }
 
-bool copyEntry(const FileState& state, TreePlace from, TreePlace to, Sync sync) {
+bool copyEntry(const FileState& state, TreePlace from, TreePlace to, Sync sync,
+               WatchedCopy& watched) {
     switch (state.mode & S_IFMT) {
         case S_IFREG:
-            return copyRegularFile(state, from, to, sync);
+            return copyRegularFile(state, from, to, sync, watched);
         case S_IFLNK:
             return copyLink(state, from, to);
         case S_IFIFO:
@@ -106,11 +108,24 @@ bool hasNoLinks() {
     return errno == EPERM || errno == ENOTSUP || errno == ENOSYS || errno == EMLINK;
 }
 
-bool copyEntries(const Tree& tree, TreePlace from, TreePlace to, Sync sync) {
+/// What copying it will count, if links can be made there.
+std::int64_t bytesToCopy(const Tree& tree) {
+    SharedFiles shared;
+    std::int64_t bytes = 0;
+    for (std::size_t i = 0; i < tree.size(); ++i) {
+        const auto& state = tree[i].state;
+        if (state.isRegular() && shared.first(tree, i) == i)
+            bytes = saturatedSum(bytes, state.size);
+    }
+    return bytes;
+}
+
+bool copyEntries(const Tree& tree, TreePlace from, TreePlace to, Sync sync, WatchedCopy& watched) {
     TreeFolders sources(tree, from);
     TreeFolders targets(tree, to);
     SharedFiles shared;
     for (std::size_t i = 0; i < tree.size(); ++i) {
+        if (!mayGoOn(watched.stop())) return false;
         const auto first = shared.first(tree, i);
         if (first != i) {
             if (linkCopies(tree, to, first, i)) continue;
@@ -118,8 +133,8 @@ bool copyEntries(const Tree& tree, TreePlace from, TreePlace to, Sync sync) {
         }
         const int source = sources.holding(i);
         const int target = source < 0 ? -1 : targets.holding(i);
-        if (target < 0 ||
-            !copyEntry(tree[i].state, {source, sources.name(i)}, {target, targets.name(i)}, sync))
+        if (target < 0 || !copyEntry(tree[i].state, {source, sources.name(i)},
+                                     {target, targets.name(i)}, sync, watched))
             return false;
     }
     return true;
@@ -186,9 +201,12 @@ bool isCopyable(const Tree& tree) {
     return false;
 }
 
-bool copyTree(const Tree& tree, TreePlace from, TreePlace to) {
+bool copyTree(const Tree& tree, TreePlace from, TreePlace to, WatchedCopy& watched) {
     const auto sync = bestSync(tree, to.folder);
-    return copyEntries(tree, from, to, sync) && finishFolders(tree, from, to, sync) &&
+    watched.plan(bytesToCopy(tree));
+    if (!copyEntries(tree, from, to, sync, watched)) return false;
+    watched.tell();
+    return mayGoOn(watched.stop()) && finishFolders(tree, from, to, sync) &&
            (sync == Sync::eachFile || ::syncfs(to.folder) == 0);
 }
 

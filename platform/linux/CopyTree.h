@@ -2,6 +2,7 @@
 #pragma once
 
 #include "platform/linux/Tree.h"
+#include "platform/linux/WatchedCopy.h"
 
 namespace nookwise {
 
@@ -11,8 +12,8 @@ bool isCopyable(const Tree& tree);
 
 /// Makes a durable copy of a listed tree, which stands at `from`, under the free name `to`, whose
 /// folder was opened for reading, so that it tells of all that could not be written since. False
-/// with errno set, EBUSY when what is there is no longer what was listed; what was copied so far is
-/// still there then.
-bool copyTree(const Tree& tree, TreePlace from, TreePlace to);
+/// with errno set, EBUSY when what is there is no longer what was listed, ECANCELED when the copy
+/// is to end; what was copied so far is still there then.
+bool copyTree(const Tree& tree, TreePlace from, TreePlace to, WatchedCopy& watched);
 
 }  // namespace nookwise

@@ -4,6 +4,7 @@
 #include <cerrno>
 #include <cstddef>
 #include <memory>
+#include <utility>
 
 #include <fcntl.h>
 #include <linux/fs.h>
@@ -13,21 +14,25 @@
 namespace nookwise {
 namespace {
 
-// How much the kernel is asked to copy at once, so that a process can still be stopped in between.
-constexpr std::int64_t kernelPiece = 128LL << 20U;
+// How much the kernel is asked to copy at once, so that the copy can still be ended in between.
+constexpr std::int64_t kernelPiece = 4LL << 20U;
 constexpr std::int64_t bufferSize = 256LL << 10U;
 constexpr std::int64_t writeOutPiece = 16LL << 20U;
 constexpr std::int64_t blockUnit = 512;
 
 class Contents {
   public:
-    Contents(int from, int to, const FileState& state)
-        : from_(from), to_(to), size_(state.size), isSparse_(state.blocks * blockUnit < size_) {}
+    Contents(int from, int to, const FileState& state, WatchedCopy& watched)
+        : from_(from),
+          to_(to),
+          size_(state.size),
+          isSparse_(state.blocks * blockUnit < size_),
+          watched_(watched) {}
 
     bool copyAll() {
         ::posix_fadvise(from_, 0, 0, POSIX_FADV_SEQUENTIAL);
         if (!isSparse_) return copyRange(0, size_);
-        return copyData() && ::ftruncate(to_, size_) == 0;
+        return copyData() && ::ftruncate(to_, size_) == 0 && passed(size_);
     }
 
   private:
@@ -46,19 +51,18 @@ class Contents {
     }
 
     bool copyRange(std::int64_t start, std::int64_t end) {
-        const auto position = copyInKernel(start, end);
+        off64_t position = start;
+        while (position < end && copyInKernel(position, end)) {
+            if (!passed(position)) return false;
+        }
         return position >= end || copyThroughBuffer(position, end);
     }
 
-    /// How far it came. Why it stopped does not matter: the other way comes upon it again.
-    std::int64_t copyInKernel(std::int64_t position, std::int64_t end) const {
-        off64_t source = position;
+    /// Moves `position` on. Why it fails does not matter: the other way comes upon it again.
+    bool copyInKernel(off64_t& position, std::int64_t end) const {
         off64_t target = position;
-        while (source < end) {
-            const auto length = static_cast<std::size_t>(std::min(end - source, kernelPiece));
-            if (::copy_file_range(from_, &source, to_, &target, length, 0) <= 0) break;
-        }
-        return source;
+        const auto length = static_cast<std::size_t>(std::min(end - position, kernelPiece));
+        return ::copy_file_range(from_, &position, to_, &target, length, 0) > 0;
     }
 
     bool copyThroughBuffer(std::int64_t position, std::int64_t end) {
@@ -72,9 +76,15 @@ class Contents {
             if (count == 0) errno = EBUSY;
             if (count <= 0 || !write(position, static_cast<std::size_t>(count))) return false;
             position += count;
-            writeOutEarly(position);
+            if (!passed(position)) return false;
         }
         return true;
+    }
+
+    /// Everything before `position` is copied.
+    bool passed(std::int64_t position) {
+        writeOutEarly(position);
+        return watched_.add(position - std::exchange(counted_, position));
     }
 
     /// The disk has its turn while the copy goes on, not only at its end. Nothing depends on it.
@@ -100,6 +110,8 @@ class Contents {
     std::int64_t size_;
     bool isSparse_;
     std::unique_ptr<char[]> buffer_;
+    WatchedCopy& watched_;
+    std::int64_t counted_ = 0;
     std::int64_t writtenOut_ = 0;
 };
 
@@ -113,9 +125,9 @@ bool endsAt(int file, std::int64_t size) {
 
 }  // namespace
 
-bool copyContents(int from, int to, const FileState& state) {
-    if (::ioctl(to, FICLONE, from) == 0) return true;
-    return Contents(from, to, state).copyAll() && endsAt(from, state.size);
+bool copyContents(int from, int to, const FileState& state, WatchedCopy& watched) {
+    if (::ioctl(to, FICLONE, from) == 0) return watched.add(state.size);
+    return Contents(from, to, state, watched).copyAll() && endsAt(from, state.size);
 }
 
 }  // namespace nookwise

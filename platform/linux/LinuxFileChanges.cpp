@@ -17,14 +17,16 @@ Result<std::monostate> LinuxFileManager::createFolder(const FileUrl& url, Folder
     return makeFolder(url, access);
 }
 
-Result<std::monostate> LinuxFileManager::move(const FileUrl& from, const FileUrl& to) {
-    auto moved = moveItem(from, to, unfinished_);
+Result<std::monostate> LinuxFileManager::move(const FileUrl& from, const FileUrl& to,
+                                              const CopyWatch& watch) {
+    auto moved = moveItem(from, to, unfinished_, watch);
     if (moved) trash_.forget(from);
     return moved;
 }
 
-Result<std::monostate> LinuxFileManager::copy(const FileUrl& from, const FileUrl& to) {
-    return copyItem(from, to, unfinished_);
+Result<std::monostate> LinuxFileManager::copy(const FileUrl& from, const FileUrl& to,
+                                              const CopyWatch& watch) {
+    return copyItem(from, to, unfinished_, watch);
 }
 
 Result<std::optional<FileUrl>> LinuxFileManager::trash(const FileUrl& url) {

@@ -1,5 +1,6 @@
 #include "platform/linux/LinuxFileManager.h"
 
+#include "platform/linux/EntryAttributes.h"
 #include "platform/linux/Enumeration.h"
 #include "platform/linux/Failure.h"
 #include "platform/linux/FolderEntries.h"
@@ -55,25 +56,16 @@ class DescriptorReader final : public FileReader {
     FileUrl url_;
 };
 
-FileAttributes withPackageContents(const struct statx& status, const FileUrl& url) {
+FileAttributes withPackageContents(const struct statx& status, const FileUrl& url,
+                                   const std::stop_token& stop) {
     const auto type = typeOf(status);
     if (type != FileType::folder || !namesPackage(url.lastPathComponent()))
         return attributesOf(status, type);
     auto attributes = attributesOf(status, FileType::package);
     const auto folder = openPath(url.path(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW);
-    const auto contents = folder ? packageContents(folder.get(), {}) : PackageContents{};
+    const auto contents = folder ? packageContents(folder.get(), stop) : PackageContents{};
     attributes.allocatedSize = contents.allocatedSize;
     attributes.fileSize = contents.fileSize;
-    return attributes;
-}
-
-/// Without the sizes of packages.
-FileAttributes listedAttributes(const struct statx& status, std::string_view name) {
-    const auto type = typeOf(status);
-    if (type != FileType::folder || !namesPackage(name)) return attributesOf(status, type);
-    auto attributes = attributesOf(status, FileType::package);
-    attributes.allocatedSize = std::nullopt;
-    attributes.fileSize = std::nullopt;
     return attributes;
 }
 
@@ -95,20 +87,18 @@ Result<std::vector<FoundFile>> LinuxFileManager::list(const FileUrl& folder,
     FolderEntries listing;
     if (!opened || !listing.read(opened.get(), stop)) return failure(folder, "list");
     if (!listing.keepVisibleSorted(stop)) return failure(folder, "list", ECANCELED);
-    std::vector<FoundFile> entries;
-    for (const auto& entry : listing.entries()) {
-        if (stop.stop_requested()) return failure(folder, "list", ECANCELED);
-        struct statx status {};
-        if (!statBelow(opened.get(), entry.name, status)) continue;
-        entries.push_back({folder.append(entry.view()), listedAttributes(status, entry.view())});
-    }
+    auto entries = examineEntries(opened.get(), folder, listing.entries(), stop);
+    if (stop.stop_requested()) return failure(folder, "list", ECANCELED);
     return entries;
 }
 
-Result<FileAttributes> LinuxFileManager::attributes(const FileUrl& url) const {
+Result<FileAttributes> LinuxFileManager::attributes(const FileUrl& url,
+                                                    std::stop_token stop) const {
     struct statx status {};
     if (!statPath(url.path(), status)) return failure(url, "examine");
-    return withPackageContents(status, url);
+    const auto attributes = withPackageContents(status, url, stop);
+    if (stop.stop_requested()) return failure(url, "examine", ECANCELED);
+    return attributes;
 }
 
 Result<FileUrl> LinuxFileManager::resolved(const FileUrl& url) const {

@@ -92,7 +92,7 @@ bool mayRemove(const Tree& tree, TreePlace place) {
 bool removeTree(TreePlace place) {
     if (unlinkEntry(place.folder, place.name, false) || errno == ENOENT) return true;
     Tree tree;
-    if (!listTree(place, TreeUse::removing, tree)) return errno == ENOENT;
+    if (!listTree(place, TreeUse::removing, tree, {})) return errno == ENOENT;
     TreeFolders folders(tree, place);
     bool isRootRemoved = false;
     for (std::size_t i = tree.size(); i-- > 0;) {
@@ -119,7 +119,7 @@ bool removeListed(const Tree& tree, TreePlace place, std::size_t& removed) {
 
 bool holdsUnlisted(const Tree& tree, TreePlace place) {
     Tree left;
-    if (!listTree(place, TreeUse::removing, left)) return false;
+    if (!listTree(place, TreeUse::removing, left, {})) return false;
     std::map<std::pair<std::uint64_t, std::uint64_t>, const FileState*> listed;
     for (const auto& entry : tree) listed[{entry.state.device, entry.state.inode}] = &entry.state;
     return std::any_of(left.begin(), left.end(), [&](const TreeEntry& entry) {

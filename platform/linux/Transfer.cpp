@@ -118,11 +118,12 @@ bool removeHidden(const Tree& tree, int folder, Temporary& hidden, const char* n
 
 class Transfer {
   public:
-    Transfer(const FileUrl& from, const FileUrl& to, const Unfinished& unfinished)
-        : from_(from), to_(to), unfinished_(unfinished) {}
+    Transfer(const FileUrl& from, const FileUrl& to, const Unfinished& unfinished,
+             const CopyWatch& watch)
+        : from_(from), to_(to), unfinished_(unfinished), watched_(watch) {}
 
     Result<std::monostate> move() {
-        if (!isPossible()) return failed("move");
+        if (!isPossible() || !mayGoOn(watched_.stop())) return failed("move");
         if (renameNoReplace(from_.folder(), from_.name(), to_.folder(), to_.name()) ||
             (errno == EXDEV && moveAcross()))
             return std::monostate{};
@@ -164,7 +165,8 @@ class Transfer {
     std::optional<Temporary> prepare() {
         if (!isDestinationFree() || !to_.openForSyncing()) return std::nullopt;
         auto temporary = unfinished_.temporaryForCopy(to_.url(), to_.folder());
-        if (!temporary || !listTree(from_.place(), TreeUse::copying, tree_) || !isCopyable(tree_))
+        if (!temporary || !listTree(from_.place(), TreeUse::copying, tree_, watched_.stop()) ||
+            !isCopyable(tree_))
             return std::nullopt;
         return temporary;
     }
@@ -187,8 +189,10 @@ class Transfer {
     /// to be as it was when copying began.
     bool publish(Temporary& temporary) {
         const TreePlace grown{to_.folder(), temporary.name()};
-        if (!copyTree(tree_, from_.place(), grown) || !isTreeUnchanged(tree_, from_.place()) ||
-            !listTree(grown, TreeUse::copying, copy_) ||
+        if (!copyTree(tree_, from_.place(), grown, watched_) ||
+            !isTreeUnchanged(tree_, from_.place()) ||
+            !listTree(grown, TreeUse::copying, copy_, watched_.stop()) ||
+            !mayGoOn(watched_.stop()) ||
             !renameNoReplace(to_.folder(), temporary.name(), to_.folder(), to_.name()))
             return false;
         noticePublishing();
@@ -229,6 +233,7 @@ class Transfer {
     End from_;
     End to_;
     const Unfinished& unfinished_;
+    WatchedCopy watched_;
     Tree tree_;
     /// The whole copy, as it was published.
     Tree copy_;
@@ -237,13 +242,13 @@ class Transfer {
 }  // namespace
 
 Result<std::monostate> moveItem(const FileUrl& from, const FileUrl& to,
-                                const Unfinished& unfinished) {
-    return Transfer(from, to, unfinished).move();
+                                const Unfinished& unfinished, const CopyWatch& watch) {
+    return Transfer(from, to, unfinished, watch).move();
 }
 
 Result<std::monostate> copyItem(const FileUrl& from, const FileUrl& to,
-                                const Unfinished& unfinished) {
-    return Transfer(from, to, unfinished).copy();
+                                const Unfinished& unfinished, const CopyWatch& watch) {
+    return Transfer(from, to, unfinished, watch).copy();
 }
 
 }  // namespace nookwise

@@ -1,6 +1,7 @@
 // Moving and copying without losing or overwriting anything.
 #pragma once
 
+#include "platform/CopyWatch.h"
 #include "platform/Result.h"
 #include "platform/linux/Unfinished.h"
 
@@ -18,11 +19,11 @@ namespace nookwise {
 /// stands at `from` again, although the move succeeded. What they wrote into the copy before the
 /// move failed stays at `to` with the copy.
 Result<std::monostate> moveItem(const FileUrl& from, const FileUrl& to,
-                                const Unfinished& unfinished);
+                                const Unfinished& unfinished, const CopyWatch& watch);
 
 /// As FileManager::copy. Links stay links, holes stay holes, and names that share one file inside a
 /// copied folder share one in the copy.
 Result<std::monostate> copyItem(const FileUrl& from, const FileUrl& to,
-                                const Unfinished& unfinished);
+                                const Unfinished& unfinished, const CopyWatch& watch);
 
 }  // namespace nookwise

@@ -1,6 +1,7 @@
 #include "platform/linux/Tree.h"
 
 #include "platform/linux/FolderEntries.h"
+#include "platform/linux/WatchedCopy.h"
 
 #include <cerrno>
 #include <string_view>
@@ -39,13 +40,14 @@ bool listFolder(int folder, std::size_t position, TreeUse use, Tree& tree) {
 
 }  // namespace
 
-bool listTree(TreePlace place, TreeUse use, Tree& tree) {
+bool listTree(TreePlace place, TreeUse use, Tree& tree, const std::stop_token& stop) {
     tree.assign(1, {});
     if (!readState(place.folder, place.name, tree.front().state)) return false;
     TreeFolders folders(tree, place);
     for (std::size_t i = 0; i < tree.size(); ++i) {
         if (!tree[i].state.isFolder()) continue;
         if (tree[i].state.isMountPoint && use == TreeUse::removing) continue;
+        if (!mayGoOn(stop)) return false;
         const auto opened = openForListing(folders, i, use);
         if (opened && listFolder(opened.get(), i, use, tree)) continue;
         if (use == TreeUse::copying) return false;

@@ -5,6 +5,7 @@
 #include "platform/linux/OpenAt.h"
 
 #include <cstddef>
+#include <stop_token>
 #include <string>
 #include <vector>
 
@@ -35,8 +36,8 @@ enum class TreeUse {
     removing,
 };
 
-/// False with errno set when it cannot be listed. Follows no link.
-bool listTree(TreePlace place, TreeUse use, Tree& tree);
+/// False with errno set when it cannot be listed, ECANCELED after a stop request. Follows no link.
+bool listTree(TreePlace place, TreeUse use, Tree& tree, const std::stop_token& stop);
 
 /// Whether the tree still stands there and nothing was done to it since it was listed; that its
 /// root got another name does not count. False with errno set.

@@ -19,7 +19,9 @@ class FileContents : public testing::Test {
         const FileDescriptor source(::open(from.c_str(), O_RDONLY | O_CLOEXEC));
         const FileDescriptor target(
             ::open(home.path("copy").c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0600));
-        return copyContents(source.get(), target.get(), state);
+        const CopyWatch nobody;
+        WatchedCopy unwatched{nobody};
+        return copyContents(source.get(), target.get(), state, unwatched);
     }
     FileState state(const std::string& path) const {
         FileState state;

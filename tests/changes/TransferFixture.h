@@ -43,8 +43,10 @@ class TransferFixture : public testing::Test {
         target_ = std::make_unique<TemporaryFolder>(otherGround);
     }
 
-    Result<std::monostate> run(Verb verb, const FileUrl& from, const FileUrl& to) const {
-        return verb == Verb::move ? moveItem(from, to, unfinished) : copyItem(from, to, unfinished);
+    Result<std::monostate> run(Verb verb, const FileUrl& from, const FileUrl& to,
+                               const CopyWatch& watch = {}) const {
+        return verb == Verb::move ? moveItem(from, to, unfinished, watch)
+                                  : copyItem(from, to, unfinished, watch);
     }
 
     const TemporaryFolder& target() const { return *target_; }
@@ -70,11 +72,14 @@ class EveryTransfer : public TransferFixture, public testing::WithParamInterface
     void SetUp() override { useGround(std::get<Ground>(GetParam())); }
     bool isMove() const { return std::get<Verb>(GetParam()) == Verb::move; }
 
-    Result<std::monostate> transfer(const FileUrl& from, const FileUrl& to) const {
-        return run(std::get<Verb>(GetParam()), from, to);
+    bool isRenaming() const { return isMove() && std::get<Ground>(GetParam()) == Ground::same; }
+
+    Result<std::monostate> transfer(const FileUrl& from, const FileUrl& to,
+                                    const CopyWatch& watch = {}) const {
+        return run(std::get<Verb>(GetParam()), from, to, watch);
     }
-    Result<std::monostate> transfer(std::string_view name) const {
-        return transfer(home.url(name), target().url(name));
+    Result<std::monostate> transfer(std::string_view name, const CopyWatch& watch = {}) const {
+        return transfer(home.url(name), target().url(name), watch);
     }
 
     /// That `name` goes over whole, and that only a move takes it away.

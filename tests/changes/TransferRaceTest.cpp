@@ -29,13 +29,14 @@ class Race : public testing::Test {
     TreePlace at(const char* name) const { return {folder_.get(), name}; }
     Tree listed() const {
         Tree tree;
-        EXPECT_TRUE(listTree(at("source"), TreeUse::copying, tree));
+        EXPECT_TRUE(listTree(at("source"), TreeUse::copying, tree, {}));
         return tree;
     }
     void expectCopyFails(const std::function<void()>& interfere, int reason) const {
         const auto tree = listed();
         interfere();
-        EXPECT_FALSE(copyTree(tree, at("source"), at("copy")));
+        WatchedCopy unwatched{nobody};
+        EXPECT_FALSE(copyTree(tree, at("source"), at("copy"), unwatched));
         EXPECT_EQ(errno, reason);
         EXPECT_TRUE(removeTree(at("copy")));
     }
@@ -53,6 +54,7 @@ class Race : public testing::Test {
     }
 
     const TemporaryFolder home;
+    const CopyWatch nobody;
 
   private:
     FileDescriptor folder_;

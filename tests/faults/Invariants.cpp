@@ -78,6 +78,10 @@ class Judgement {
 
     void judgeReport() {
         require(outcome_ != Outcome::crashed, "the process crashed");
+        const bool isReported =
+            outcome_ == Outcome::reportedSuccess || outcome_ == Outcome::reportedFailure;
+        if (isReported && world_.scenario.isCancelled())
+            return require(atFrom_ == item_ && atTo_.empty(), "cancelling changed something");
         if (outcome_ == Outcome::reportedFailure) {
             require(atFrom_ == item_, "failure was reported, and the source is not intact");
             // Where every call that could take it away again fails, the whole copy has to stay.

@@ -13,6 +13,8 @@ std::vector<Scenario> everyScenario() {
                 scenarios.push_back({operation, item, volumes});
         }
         scenarios.push_back({Operation::rename, item, Volumes::one});
+        scenarios.push_back({Operation::cancelledMove, item, Volumes::two});
+        scenarios.push_back({Operation::cancelledCopy, item, Volumes::one});
     }
     scenarios.push_back({.operation = Operation::save});
     scenarios.push_back({.operation = Operation::recover});
@@ -20,8 +22,9 @@ std::vector<Scenario> everyScenario() {
 }
 
 std::string nameOf(const Scenario& scenario) {
-    constexpr std::array operations{"moving",      "copying", "renaming",  "trashing",
-                                    "puttingBack", "saving",  "recovering"};
+    constexpr std::array operations{"moving",     "copying",         "renaming",
+                                    "trashing",   "puttingBack",     "saving",
+                                    "recovering", "cancelledMoving", "cancelledCopying"};
     std::string name = operations[static_cast<std::size_t>(scenario.operation)];
     if (!scenario.hasDestination()) return name;
     name += scenario.item == Item::file ? "AFile" : "AFolder";

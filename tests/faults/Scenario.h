@@ -6,7 +6,18 @@
 
 namespace nookwise {
 
-enum class Operation { move, copy, rename, trash, putBack, save, recover };
+enum class Operation {
+    move,
+    copy,
+    rename,
+    trash,
+    putBack,
+    save,
+    recover,
+    // Ended by the user when the last byte has been copied.
+    cancelledMove,
+    cancelledCopy,
+};
 enum class Item { file, folder };
 enum class Volumes { one, two };
 
@@ -19,6 +30,10 @@ struct Scenario {
 
     bool hasDestination() const {
         return operation != Operation::save && operation != Operation::recover;
+    }
+    /// A success of it leaves everything as it was.
+    bool isCancelled() const {
+        return operation == Operation::cancelledMove || operation == Operation::cancelledCopy;
     }
     /// Whether the item is no longer at its place after a success.
     bool takesAway() const { return hasDestination() && operation != Operation::copy; }

@@ -1,5 +1,5 @@
 // Does one operation on real files:
-//   faults_worker move|copy|putback|carelessmove DATA_HOME FROM TO
+//   faults_worker move|copy|cancelledmove|cancelledcopy|putback|carelessmove DATA_HOME FROM TO
 //   faults_worker trash DATA_HOME FILE
 //   faults_worker save DATA_HOME NUMBER_OF_ENTRIES
 //   faults_worker recover DATA_HOME
@@ -11,6 +11,7 @@
 #include "platform/linux/LinuxFileManager.h"
 #include "tests/faults/SavedLog.h"
 
+#include <cstdint>
 #include <cstdio>
 #include <functional>
 #include <map>
@@ -24,6 +25,26 @@ namespace {
 
 using Arguments = std::vector<std::string>;
 using Operation = std::function<bool(LinuxFileManager&, const Arguments&)>;
+
+enum class Verb { move, copy };
+
+/// Whether it ended as it was asked to, when all bytes had been told.
+bool cancel(LinuxFileManager& files, const Arguments& arguments, Verb verb) {
+    std::stop_source stop;
+    std::int64_t left = 0;
+    const CopyWatch watch{.planned = [&](std::int64_t bytes) { left = bytes; },
+                          .copied =
+                              [&](std::int64_t bytes) {
+                                  left -= bytes;
+                                  if (left == 0) stop.request_stop();
+                              },
+                          .stop = stop.get_token()};
+    const FileUrl from(arguments[2]);
+    const FileUrl to(arguments[3]);
+    const auto done =
+        verb == Verb::move ? files.move(from, to, watch) : files.copy(from, to, watch);
+    return !done && done.error().code == std::errc::operation_canceled;
+}
 
 bool putBack(LinuxFileManager& files, const Arguments& arguments) {
     const ActivityEntry::Move move{.original = FileUrl(arguments[3]),
@@ -60,6 +81,10 @@ const std::map<std::string, Command> commands{
       [](auto& files, const auto& arguments) {
           return static_cast<bool>(files.copy(FileUrl(arguments[2]), FileUrl(arguments[3])));
       }}},
+    {"cancelledmove",
+     {4, [](auto& files, const auto& arguments) { return cancel(files, arguments, Verb::move); }}},
+    {"cancelledcopy",
+     {4, [](auto& files, const auto& arguments) { return cancel(files, arguments, Verb::copy); }}},
     {"putback", {4, putBack}},
     {"carelessmove",
      {4, [](auto&, const auto& arguments) { return moveCarelessly(arguments[2], arguments[3]); }}},

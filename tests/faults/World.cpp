@@ -66,6 +66,8 @@ void World::place() {
     switch (scenario.operation) {
         case Operation::move:
         case Operation::copy:
+        case Operation::cancelledMove:
+        case Operation::cancelledCopy:
             to = target / nameOf(scenario.item).whole();
             break;
         case Operation::rename:
@@ -175,7 +177,8 @@ void World::writeLeftovers() {
 }
 
 Command World::worker() const {
-    constexpr std::array names{"move", "copy", "move", "trash", "putback", "save", "recover"};
+    constexpr std::array names{"move", "copy",    "move",          "trash",        "putback",
+                               "save", "recover", "cancelledmove", "cancelledcopy"};
     Command command{NOOKWISE_FAULTS_WORKER, names[static_cast<std::size_t>(scenario.operation)],
                     dataHome};
     if (scenario.hasDestination()) command.push_back(from);

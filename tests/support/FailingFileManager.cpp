@@ -49,9 +49,10 @@ Result<std::vector<FoundFile>> FailingFileManager::list(const FileUrl& folder,
     return inner_.list(folder, std::move(stop));
 }
 
-Result<FileAttributes> FailingFileManager::attributes(const FileUrl& url) const {
+Result<FileAttributes> FailingFileManager::attributes(const FileUrl& url,
+                                                      std::stop_token stop) const {
     if (isTheFailingOne()) return ioError(url, "attributes");
-    return inner_.attributes(url);
+    return inner_.attributes(url, std::move(stop));
 }
 
 Result<FileUrl> FailingFileManager::resolved(const FileUrl& url) const {
@@ -81,14 +82,16 @@ Result<std::monostate> FailingFileManager::createFolder(const FileUrl& url, Fold
     return inner_.createFolder(url, access);
 }
 
-Result<std::monostate> FailingFileManager::move(const FileUrl& from, const FileUrl& to) {
+Result<std::monostate> FailingFileManager::move(const FileUrl& from, const FileUrl& to,
+                                                const CopyWatch& watch) {
     if (isTheFailingOne()) return ioError(from, "move");
-    return inner_.move(from, to);
+    return inner_.move(from, to, watch);
 }
 
-Result<std::monostate> FailingFileManager::copy(const FileUrl& from, const FileUrl& to) {
+Result<std::monostate> FailingFileManager::copy(const FileUrl& from, const FileUrl& to,
+                                                const CopyWatch& watch) {
     if (isTheFailingOne()) return ioError(from, "copy");
-    return inner_.copy(from, to);
+    return inner_.copy(from, to, watch);
 }
 
 Result<std::optional<FileUrl>> FailingFileManager::trash(const FileUrl& url) {

@@ -24,15 +24,20 @@ class FailingFileManager : public FileManager {
                                      const std::function<void(FoundFile&&)>& found,
                                      std::stop_token stop) const override;
     Result<std::vector<FoundFile>> list(const FileUrl& folder, std::stop_token stop) const override;
-    Result<FileAttributes> attributes(const FileUrl& url) const override;
+    using FileManager::attributes;
+    Result<FileAttributes> attributes(const FileUrl& url, std::stop_token stop) const override;
     Result<FileUrl> resolved(const FileUrl& url) const override;
     Result<std::unique_ptr<FileReader>> open(const FileUrl& url) const override;
     Result<VolumeFigures> volumeFigures(const FileUrl& url) const override;
     /// Fails as a file does that cannot be looked at: it counts as missing.
     bool exists(const FileUrl& url) const override;
     Result<std::monostate> createFolder(const FileUrl& url, FolderAccess access) override;
-    Result<std::monostate> move(const FileUrl& from, const FileUrl& to) override;
-    Result<std::monostate> copy(const FileUrl& from, const FileUrl& to) override;
+    using FileManager::move;
+    Result<std::monostate> move(const FileUrl& from, const FileUrl& to,
+                                const CopyWatch& watch) override;
+    using FileManager::copy;
+    Result<std::monostate> copy(const FileUrl& from, const FileUrl& to,
+                                const CopyWatch& watch) override;
     Result<std::optional<FileUrl>> trash(const FileUrl& url) override;
     using FileManager::replaceContents;
     Result<std::monostate> replaceContents(const FileUrl& url,

@@ -1,10 +1,13 @@
 #include "tests/support/FakeFileManager.h"
 #include "tests/support/FakeFileNode.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace nookwise {
 namespace {
+
+constexpr std::int64_t copiedAtOnce = 4LL << 20U;
 
 FileError failure(std::errc code, const FileUrl& url, const char* operation) {
     return {std::make_error_code(code), url, operation};
@@ -64,23 +67,73 @@ Result<std::monostate> FakeFileManager::createFolder(const FileUrl& url, FolderA
     return std::monostate{};
 }
 
-Result<std::monostate> FakeFileManager::move(const FileUrl& from, const FileUrl& to) {
-    announce(FakeOperation::Kind::move, from);
+void FakeFileManager::makeVolume(std::string_view path) {
     const std::lock_guard lock(mutex_);
+    volumes_.emplace_back(path);
+}
+
+std::string_view FakeFileManager::volumeOf(const FileUrl& url) const {
+    std::string_view innermost;
+    for (const auto& volume : volumes_) {
+        if (url.isWithin(volume) && volume.path().size() > innermost.size())
+            innermost = volume.path();
+    }
+    return innermost;
+}
+
+std::int64_t FakeFileManager::bytesIn(const Node& node) {
+    std::int64_t bytes = node.holdsEntries() || node.isLink() ? 0 : node.state.size;
+    for (const auto& [name, entry] : node.entries) bytes += bytesIn(*entry);
+    return bytes;
+}
+
+bool FakeFileManager::tellCopying(const FileUrl& from, std::int64_t bytes,
+                                  const CopyWatch& watch) const {
+    auto left = bytes;
+    if (watch.planned) watch.planned(left);
+    for (; left > 0 && !watch.stop.stop_requested(); left -= copiedAtOnce) {
+        announce(FakeOperation::Kind::copyPiece, from);
+        if (watch.copied) watch.copied(std::min(left, copiedAtOnce));
+    }
+    return !watch.stop.stop_requested();
+}
+
+Result<std::monostate> FakeFileManager::move(const FileUrl& from, const FileUrl& to,
+                                             const CopyWatch& watch) {
+    announce(FakeOperation::Kind::move, from);
+    if (watch.stop.stop_requested()) return failure(std::errc::operation_canceled, from, "move");
+    std::unique_lock lock(mutex_);
     if (auto refused = refusal(from, "move")) return *refused;
     auto placed = placement(from, to, "move");
     if (!placed) return placed.error();
+    if (volumeOf(from) != volumeOf(to)) {
+        const auto bytes = bytesIn(*placed.value().file);
+        lock.unlock();
+        if (!tellCopying(from, bytes, watch))
+            return failure(std::errc::operation_canceled, from, "move");
+        lock.lock();
+        placed = placement(from, to, "move");
+        if (!placed) return placed.error();
+    }
     existing(from.parentPath())->entries.erase(std::string(from.lastPathComponent()));
     placed.value().folder->entries.emplace(to.lastPathComponent(), placed.value().file);
     return std::monostate{};
 }
 
-Result<std::monostate> FakeFileManager::copy(const FileUrl& from, const FileUrl& to) {
+Result<std::monostate> FakeFileManager::copy(const FileUrl& from, const FileUrl& to,
+                                             const CopyWatch& watch) {
     announce(FakeOperation::Kind::copy, from);
-    const std::lock_guard lock(mutex_);
+    std::unique_lock lock(mutex_);
     auto placed = placement(from, to, "copy");
     if (!placed) return placed.error();
     if (!placed.value().file->readable) return failure(std::errc::permission_denied, from, "copy");
+    const auto bytes = bytesIn(*placed.value().file);
+    lock.unlock();
+    if (!tellCopying(from, bytes, watch))
+        return failure(std::errc::operation_canceled, from, "copy");
+    lock.lock();
+    placed = placement(from, to, "copy");
+    if (!placed) return placed.error();
     auto node = std::make_shared<Node>(*placed.value().file);
     node->state.identity.inode = ++lastInode_;
     node->state.linkCount = 1;

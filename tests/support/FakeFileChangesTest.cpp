@@ -58,6 +58,47 @@ TEST_F(FakeFileChanges, copyIsAFileOfItsOwn) {
     EXPECT_FALSE(files.copy(FileUrl("/a"), FileUrl("/folder/a")));
 }
 
+TEST_F(FakeFileChanges, copyTellsItsBytesInPieces) {
+    files.addFile("/large", {.size = 10'000'000});
+    std::vector<std::int64_t> told;
+    const CopyWatch watch{.planned = [&](std::int64_t bytes) { told.push_back(bytes); },
+                          .copied = [&](std::int64_t bytes) { told.push_back(bytes); },
+                          .stop = {}};
+    ASSERT_TRUE(files.copy(FileUrl("/large"), FileUrl("/folder/large"), watch));
+    EXPECT_EQ(told, (std::vector<std::int64_t>{10'000'000, 4'194'304, 4'194'304, 1'611'392}));
+}
+
+TEST_F(FakeFileChanges, moveTellsItsBytesOnlyToAnotherVolume) {
+    files.addFolder("/disk");
+    files.makeVolume("/disk");
+    std::int64_t told = 0;
+    const CopyWatch watch{
+        .planned = {}, .copied = [&](std::int64_t bytes) { told += bytes; }, .stop = {}};
+    ASSERT_TRUE(files.move(FileUrl("/a"), FileUrl("/folder/a"), watch));
+    EXPECT_EQ(told, 0);
+    ASSERT_TRUE(files.move(FileUrl("/folder"), FileUrl("/disk/folder"), watch));
+    EXPECT_EQ(told, 2);
+    EXPECT_EQ(files.contents("/disk/folder/b"), "b");
+}
+
+TEST_F(FakeFileChanges, stopBetweenTwoPieces) {
+    files.addFile("/large", {.size = 10'000'000});
+    files.addFolder("/disk");
+    files.makeVolume("/disk");
+    for (const bool isMove : {false, true}) {
+        std::stop_source stop;
+        const CopyWatch watch{.planned = {},
+                              .copied = [&](std::int64_t) { stop.request_stop(); },
+                              .stop = stop.get_token()};
+        const FileUrl from("/large");
+        const FileUrl to("/disk/large");
+        const auto done = isMove ? files.move(from, to, watch) : files.copy(from, to, watch);
+        EXPECT_EQ(done.error().code, std::errc::operation_canceled);
+        EXPECT_TRUE(exists("/large"));
+        EXPECT_FALSE(exists("/disk/large"));
+    }
+}
+
 TEST_F(FakeFileChanges, trashTellsAPlaceOfItsOwn) {
     files.addFile("/folder/a", {.contents = "other"});
     EXPECT_EQ(files.trash(FileUrl("/a")).value(), FileUrl("/Trash/a"));

@@ -316,8 +316,10 @@ Result<std::vector<FoundFile>> FakeFileManager::list(const FileUrl& folder,
     return found;
 }
 
-Result<FileAttributes> FakeFileManager::attributes(const FileUrl& url) const {
+Result<FileAttributes> FakeFileManager::attributes(const FileUrl& url,
+                                                   std::stop_token stop) const {
     announce(FakeOperation::Kind::attributes, url);
+    if (stop.stop_requested()) return failure(std::errc::operation_canceled, url, "attributes");
     const std::lock_guard lock(mutex_);
     const auto node = find(url.path());
     if (node == nullptr) return failure(std::errc::no_such_file_or_directory, url, "attributes");

@@ -43,6 +43,8 @@ struct FakeOperation {
         createFolder,
         move,
         copy,
+        /// Some megabytes of a file have been copied, and are told next.
+        copyPiece,
         trash,
         replaceContents,
         removeLeftovers,
@@ -86,6 +88,8 @@ class FakeFileManager : public FileManager {
 
     /// Refuses every change at this path and below it from now on.
     void forbidChanges(std::string_view path);
+    /// What is at this path and below it is on a volume of its own: a move from or to it copies.
+    void makeVolume(std::string_view path);
     /// From now on trashing succeeds without telling where.
     void keepTrashPlacesSecret() { tellsTrashPlaces_ = false; }
     /// The disk is full for replaced contents of more bytes from now on.
@@ -103,15 +107,20 @@ class FakeFileManager : public FileManager {
                                      const std::function<void(FoundFile&&)>& found,
                                      std::stop_token stop) const override;
     Result<std::vector<FoundFile>> list(const FileUrl& folder, std::stop_token stop) const override;
-    Result<FileAttributes> attributes(const FileUrl& url) const override;
+    using FileManager::attributes;
+    Result<FileAttributes> attributes(const FileUrl& url, std::stop_token stop) const override;
     Result<FileUrl> resolved(const FileUrl& url) const override;
     Result<std::unique_ptr<FileReader>> open(const FileUrl& url) const override;
     Result<VolumeFigures> volumeFigures(const FileUrl& url) const override;
     bool exists(const FileUrl& url) const override;
     // What changes files (FakeFileChanges.cpp).
     Result<std::monostate> createFolder(const FileUrl& url, FolderAccess access) override;
-    Result<std::monostate> move(const FileUrl& from, const FileUrl& to) override;
-    Result<std::monostate> copy(const FileUrl& from, const FileUrl& to) override;
+    using FileManager::move;
+    Result<std::monostate> move(const FileUrl& from, const FileUrl& to,
+                                const CopyWatch& watch) override;
+    using FileManager::copy;
+    Result<std::monostate> copy(const FileUrl& from, const FileUrl& to,
+                                const CopyWatch& watch) override;
     /// The Trash is the folder /Trash.
     Result<std::optional<FileUrl>> trash(const FileUrl& url) override;
     using FileManager::replaceContents;
@@ -144,6 +153,11 @@ class FakeFileManager : public FileManager {
     /// Why `url` may not be changed, or none.
     std::optional<FileError> refusal(const FileUrl& url, const char* operation) const;
     std::optional<FileError> obstacleToReplacing(const FileUrl& url) const;
+    /// The path of the volume that holds `url`; empty for the volume of "/".
+    std::string_view volumeOf(const FileUrl& url) const;
+    static std::int64_t bytesIn(const Node& node);
+    /// Tells so many bytes as they would be copied; false when it was stopped. Without the lock.
+    bool tellCopying(const FileUrl& from, std::int64_t bytes, const CopyWatch& watch) const;
     /// The file at `from` and the folder that is to hold `to`, or why that cannot be.
     struct Placement;
     Result<Placement> placement(const FileUrl& from, const FileUrl& to,
@@ -151,6 +165,7 @@ class FakeFileManager : public FileManager {
 
     mutable std::mutex mutex_;
     std::vector<FileUrl> unchangeable_;
+    std::vector<FileUrl> volumes_;
     bool tellsTrashPlaces_ = true;
     NodePointer root_;
     std::uint64_t lastInode_ = 0;

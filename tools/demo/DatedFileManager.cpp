@@ -22,8 +22,9 @@ Result<std::vector<FoundFile>> DatedFileManager::list(const FileUrl& folder,
     return entries;
 }
 
-Result<FileAttributes> DatedFileManager::attributes(const FileUrl& url) const {
-    auto attributes = files_.attributes(url);
+Result<FileAttributes> DatedFileManager::attributes(const FileUrl& url,
+                                                    std::stop_token stop) const {
+    auto attributes = files_.attributes(url, std::move(stop));
     if (attributes) agree(url, attributes.value());
     return attributes;
 }

@@ -17,7 +17,8 @@ class DatedFileManager final : public FileManager {
                                      const std::function<void(FoundFile&&)>& found,
                                      std::stop_token stop) const override;
     Result<std::vector<FoundFile>> list(const FileUrl& folder, std::stop_token stop) const override;
-    Result<FileAttributes> attributes(const FileUrl& url) const override;
+    using FileManager::attributes;
+    Result<FileAttributes> attributes(const FileUrl& url, std::stop_token stop) const override;
     Result<FileUrl> resolved(const FileUrl& url) const override { return files_.resolved(url); }
     Result<std::unique_ptr<FileReader>> open(const FileUrl& url) const override {
         return files_.open(url);
@@ -29,11 +30,15 @@ class DatedFileManager final : public FileManager {
     Result<std::monostate> createFolder(const FileUrl& url, FolderAccess access) override {
         return files_.createFolder(url, access);
     }
-    Result<std::monostate> move(const FileUrl& from, const FileUrl& to) override {
-        return files_.move(from, to);
+    using FileManager::move;
+    Result<std::monostate> move(const FileUrl& from, const FileUrl& to,
+                                const CopyWatch& watch) override {
+        return files_.move(from, to, watch);
     }
-    Result<std::monostate> copy(const FileUrl& from, const FileUrl& to) override {
-        return files_.copy(from, to);
+    using FileManager::copy;
+    Result<std::monostate> copy(const FileUrl& from, const FileUrl& to,
+                                const CopyWatch& watch) override {
+        return files_.copy(from, to, watch);
     }
     Result<std::optional<FileUrl>> trash(const FileUrl& url) override { return files_.trash(url); }
     using FileManager::replaceContents;
