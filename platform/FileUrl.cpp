@@ -124,6 +124,7 @@ std::optional<FileUrl> FileUrl::fromUrlString(std::string_view text) {
     text.remove_prefix(scheme.size());
     if (text.starts_with(localHost)) text.remove_prefix(localHost.size());
     if (!text.starts_with('/')) return std::nullopt;
+    if (text.find('\0') != std::string_view::npos) return std::nullopt;
     std::string path;
     path.reserve(text.size());
     for (std::size_t i = 0; i < text.size(); ++i) {

@@ -54,7 +54,7 @@ class FileUrl {
     std::string urlString() const;
 
     /// Reads what `urlString` writes, and any other escaping of the same bytes. None for another
-    /// scheme, a remote host, a relative path, a malformed escape or an escaped NUL.
+    /// scheme, a remote host, a relative path, a malformed escape or a NUL.
     static std::optional<FileUrl> fromUrlString(std::string_view text);
 
     friend bool operator==(const FileUrl&, const FileUrl&) = default;

@@ -36,6 +36,11 @@ class SharedBytes {
         for (const auto part : parts) end = std::copy(part.begin(), part.end(), end);
     }
 
+    /// In memory in which all bytes made in this way lie one after the other: whoever reads many in
+    /// the order of `address` reads several times as fast. A piece of some megabytes is given back
+    /// once all bytes in it have ended.
+    static SharedBytes inSequence(std::string_view bytes);
+
     SharedBytes(const SharedBytes& other) noexcept : block_(other.block_) {
         if (block_ != nullptr) block_->owners.fetch_add(1, std::memory_order_relaxed);
     }
@@ -46,13 +51,21 @@ class SharedBytes {
     }
     ~SharedBytes() {
         if (block_ == nullptr) return;
-        if (block_->owners.fetch_sub(1, std::memory_order_acq_rel) == 1) ::operator delete(block_);
+        const auto owners = block_->owners.fetch_sub(1, std::memory_order_acq_rel);
+        if (owners == 1) ::operator delete(block_);
+        if (owners == sequenceBit + 1) releaseFromSequence(block_);
     }
 
     std::string_view view() const noexcept {
         return block_ == nullptr ? std::string_view{}
                                  : std::string_view{block_->bytes(), block_->size};
     }
+
+    /// Where the bytes are; in no order that lasts.
+    std::uintptr_t address() const noexcept { return reinterpret_cast<std::uintptr_t>(block_); }
+
+    /// Begins to bring the first bytes, and how many there are, into the processor's cache.
+    void prefetch() const noexcept { __builtin_prefetch(block_); }
 
     friend bool operator==(const SharedBytes& a, const SharedBytes& b) noexcept {
         return a.block_ == b.block_ || a.view() == b.view();
@@ -62,11 +75,18 @@ class SharedBytes {
     }
 
   private:
+    class Sequence;
+
+    /// Set in the count of owners of bytes in sequence.
+    static constexpr std::uint32_t sequenceBit = 1U << 31U;
+
     struct Block {
         std::atomic<std::uint32_t> owners;
         std::uint32_t size;
         char* bytes() { return reinterpret_cast<char*>(this + 1); }
     };
+    static void releaseFromSequence(Block* block) noexcept;
+
     Block* block_ = nullptr;
 };
 

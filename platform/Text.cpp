@@ -263,6 +263,22 @@ std::string lowercasedLetters(std::string_view text) {
     return kept;
 }
 
+std::string caseFolded(std::string_view text) {
+    if (isAscii(text)) return lowercased(text);
+    std::string folded;
+    forEachStretch(
+        text,
+        [&](std::string_view valid) {
+            UErrorCode status = U_ZERO_ERROR;
+            std::string stretch;
+            icu::StringByteSink<std::string> sink(&stretch);
+            icu::CaseMap::utf8Fold(U_FOLD_CASE_DEFAULT, piece(valid), sink, nullptr, status);
+            folded += U_SUCCESS(status) ? composed(stretch) : valid;
+        },
+        [&](std::string_view invalid) { folded += invalid; });
+    return folded;
+}
+
 bool isWellFormed(std::string_view text) {
     const auto* bytes = reinterpret_cast<const std::uint8_t*>(text.data());
     std::size_t position = 0;

@@ -21,6 +21,10 @@ std::string uppercased(std::string_view text);
 /// (NFC), so that equal texts have equal bytes.
 std::string lowercasedLetters(std::string_view text);
 
+/// The form in which texts are compared when upper and lower case, and the composed and the
+/// decomposed form of a letter, are to be the same.
+std::string caseFolded(std::string_view text);
+
 /// Whether all of it is UTF-8.
 bool isWellFormed(std::string_view text);
 

@@ -1,7 +1,9 @@
 #include "platform/TextCharacters.h"
 
 #include <algorithm>
+#include <array>
 #include <cstdint>
+#include <limits>
 #include <memory>
 
 #include <unicode/brkiter.h>
@@ -124,29 +126,103 @@ void forEachCharacter(std::string_view text, std::size_t position, Visit visit) 
     }
 }
 
+/// Bytes that are looked at together, with instructions that work on many.
+constexpr std::size_t blockSize = 64;
+
+using Flags = std::array<std::uint8_t, blockSize>;
+
+bool isBetween(std::uint8_t byte, std::uint8_t first, std::uint8_t last) {
+    return static_cast<std::uint8_t>(byte - first) <= last - first;
+}
+
+/// How many code points begin in a block that begins with one. 0 unless each of them is one whose
+/// first byte tells that it stands alone, wherever it is: ASCII without CR; Latin and the phonetic
+/// alphabet, all before the first combining one; Cyrillic up to U+047F; Chinese characters from
+/// U+4000 on, and Korean syllables from U+B000 up to U+CFFF.
+std::size_t codePointsAlone(const char* block) {
+    Flags ofTwo{};
+    Flags ofThree{};
+    Flags following{};
+    unsigned others = 0;
+    std::size_t begun = 0;
+    for (std::size_t i = 0; i < blockSize; ++i) {
+        const auto byte = static_cast<std::uint8_t>(block[i]);
+        const bool follows = isBetween(byte, 0x80, 0xBF);
+        const bool two = isBetween(byte, 0xC2, 0xCB) | isBetween(byte, 0xD0, 0xD1);
+        const bool three = isBetween(byte, 0xE4, 0xE9) | isBetween(byte, 0xEB, 0xEC);
+        const bool ascii = (byte < 0x80) & (byte != '\r');
+        ofTwo[i] = two;
+        ofThree[i] = three;
+        following[i] = follows;
+        others |= static_cast<unsigned>(!(follows | two | three | ascii));
+        begun += !follows;
+    }
+    // Each code point is as long as its first byte says.
+    const auto differs = [&](std::size_t i, unsigned follows) {
+        others |= static_cast<unsigned>(following[i]) ^ follows;
+    };
+    differs(0, 0);
+    differs(1, static_cast<unsigned>(ofTwo[0] | ofThree[0]));
+    for (std::size_t i = 2; i < blockSize; ++i)
+        differs(i, static_cast<unsigned>(ofTwo[i - 1] | ofThree[i - 1] | ofThree[i - 2]));
+    return others == 0 ? begun : 0;
+}
+
+/// Where a character begins, and how many there are before it.
+struct Place {
+    std::size_t begin = 0;
+    std::size_t number = 0;
+};
+
+/// Passes over characters that are counted by the block, up to `end` and `number` at most.
+Place passBlocks(std::string_view text, Place place, Place last) {
+    while (place.begin + blockSize <= last.begin && last.number - place.number >= blockSize) {
+        const auto count = codePointsAlone(text.data() + place.begin);
+        if (count == 0) break;
+        // What comes behind the block may belong to its last code point.
+        auto end = place.begin + blockSize - 1;
+        while ((static_cast<std::uint8_t>(text[end]) & 0xC0U) == 0x80U) --end;
+        place = {end, place.number + count - 1};
+    }
+    return place;
+}
+
+/// The place behind the last character that ends at or before the byte `last.begin` and is one of
+/// the first `last.number`.
+Place placeBehind(std::string_view text, Place place, Place last) {
+    // Among others, the next block is tried only after a while.
+    constexpr std::size_t aWhile = 32;
+    for (bool isDone = false; !isDone && place.begin < text.size();) {
+        place = passBlocks(text, place, last);
+        std::size_t passed = 0;
+        forEachCharacter(text, place.begin, [&](TextRange character) {
+            isDone = character.end > last.begin || place.number == last.number;
+            if (isDone) return false;
+            place = {character.end, place.number + 1};
+            return ++passed < aWhile;
+        });
+    }
+    return place;
+}
+
 }  // namespace
 
 std::size_t charactersBefore(std::string_view text, std::size_t position) {
-    std::size_t count = 0;
-    forEachCharacter(text, 0, [&](TextRange character) {
-        if (character.end > position) return false;
-        ++count;
-        return true;
-    });
-    return count;
+    const auto end = std::min(position, text.size());
+    return placeBehind(text, {}, {end, std::numeric_limits<std::size_t>::max()}).number;
 }
 
 std::string_view characters(std::string_view text, std::size_t first, std::size_t last) {
     if (first >= last) return {};
-    TextRange range{text.size(), text.size()};
-    std::size_t number = 0;
+    const auto begin = placeBehind(text, {}, {text.size(), first});
+    const auto end = placeBehind(text, begin, {text.size(), last});
+    return text.substr(begin.begin, end.begin - begin.begin);
+}
+
+void visitCharacters(std::string_view text, const std::function<bool(std::string_view)>& visit) {
     forEachCharacter(text, 0, [&](TextRange character) {
-        if (number == first) range.begin = character.begin;
-        ++number;
-        if (number == last) range.end = character.end;
-        return number < last;
+        return visit(text.substr(character.begin, character.end - character.begin));
     });
-    return text.substr(range.begin, range.end - range.begin);
 }
 
 std::vector<TextRange> wholeCharacters(std::string_view text, std::vector<TextRange> ranges) {

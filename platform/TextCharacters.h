@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstddef>
+#include <functional>
 #include <string_view>
 #include <vector>
 
@@ -22,6 +23,9 @@ std::size_t charactersBefore(std::string_view text, std::size_t position);
 /// The characters from number `first`, counted from 0, up to but excluding number `last`; what
 /// there is of them when the text ends earlier. Reads the text no further than that.
 std::string_view characters(std::string_view text, std::size_t first, std::size_t last);
+
+/// Calls `visit` with each character from the text's beginning until it returns false.
+void visitCharacters(std::string_view text, const std::function<bool(std::string_view)>& visit);
 
 /// The ranges, each made larger where it begins or ends inside a character. They must be in order
 /// and not overlap; made larger, they may.

@@ -190,7 +190,8 @@ INSTANTIATE_TEST_SUITE_P(
                     Reading{"file://localhostess/a", std::nullopt},
                     Reading{"http:///a", std::nullopt}, Reading{"file:///a%", std::nullopt},
                     Reading{"file:///a%4", std::nullopt}, Reading{"file:///a%4g", std::nullopt},
-                    Reading{"file:///a%-1", std::nullopt}, Reading{"file:///a%00b", std::nullopt}));
+                    Reading{"file:///a%-1", std::nullopt}, Reading{"file:///a%00b", std::nullopt},
+                    Reading{std::string_view("file:///a\0b", 11), std::nullopt}));
 
 }  // namespace
 }  // namespace nookwise
