@@ -6,7 +6,7 @@ target_compile_options(nookwise_warnings INTERFACE
   -Wnon-virtual-dtor -Woverloaded-virtual -Wcast-align -Wformat=2 -Wnull-dereference
   -Wimplicit-fallthrough -Werror
   # GCC 12 takes the growth of a std::string for an overlapping copy at -O2 and above (fixed in GCC 13).
-  -Wno-restrict
+  $<$<CXX_COMPILER_ID:GNU>:-Wno-restrict>
   # The code that sanitizers add makes GCC see null pointers and unset values where there are none: their
   # presets keep these two as warnings.
   # Fields that an initializer does not name keep their default values; that is what the defaults are for.

@@ -53,7 +53,15 @@ testPackages=(
     qml6-module-qttest
     strace
     trash-cli
+    xdotool
+    xvfb
     zlib1g-dev
+)
+
+# To fuzz it. Clang 14 does not understand all that the code takes from the standard library.
+fuzzPackages=(
+    clang-16
+    libclang-rt-16-dev
 )
 
 # To check its style.
@@ -68,8 +76,10 @@ benchPackages=(
     jdupes
     libglib2.0-bin
     poppler-utils
+    ripgrep
     tesseract-ocr
     trash-cli
+    xvfb
 )
 
 say() { printf '\n== %s\n' "$*"; }

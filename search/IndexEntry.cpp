@@ -15,7 +15,7 @@ IndexEntry indexEntry(double mtime, std::string_view text, std::optional<SharedB
 
 void makeLowerText(IndexEntry& entry, std::string& lower) {
     lowercase(entry.text.view(), lower);
-    entry.lowerText = lower == entry.text.view() ? entry.text : SharedBytes(lower);
+    entry.lowerText = lower == entry.text.view() ? entry.text : SharedBytes::inSequence(lower);
 }
 
 double modificationTime(const FileItem& file) {

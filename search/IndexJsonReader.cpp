@@ -29,7 +29,7 @@ constexpr unsigned parseFlags =
 /// Gives RapidJSON its memory once and no more, so that a string that never ends is a failure.
 class ReaderMemory {
   public:
-    static constexpr bool kNeedFree = true;
+    [[maybe_unused]] static constexpr bool kNeedFree = true;
 
     void* Malloc(std::size_t size) { return size == 0 ? nullptr : ::operator new(size); }
     void* Realloc(void* original, std::size_t, std::size_t size) {

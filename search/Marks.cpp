@@ -1,18 +1,46 @@
 #include "search/Marks.h"
 
 #include "search/CaseAlignment.h"
+#include "search/WordFinder.h"
 
 #include <algorithm>
 
 namespace nookwise {
 namespace {
 
+/// For each beginning of the word, how long the longest shorter beginning is that it ends with.
+std::vector<std::size_t> borders(std::string_view word) {
+    std::vector<std::size_t> lengths(word.size(), 0);
+    std::size_t length = 0;
+    for (std::size_t i = 1; i < word.size(); ++i) {
+        while (length > 0 && word[i] != word[length]) length = lengths[length - 1];
+        if (word[i] == word[length]) ++length;
+        lengths[i] = length;
+    }
+    return lengths;
+}
+
+/// The stretches of the text that the word covers. One place may begin inside another: "anan"
+/// stands twice in "ananan". Looks at each byte about twice, whatever the two are made of.
 void addPlaces(std::string_view lower, std::string_view word, std::vector<TextRange>& places) {
     if (word.empty()) return;
-    // One place may begin inside another: "anan" stands twice in "ananan".
-    for (auto begin = lower.find(word); begin != std::string_view::npos;
-         begin = lower.find(word, begin + 1))
-        places.push_back({begin, begin + word.size()});
+    const auto first = WordFinder(word).find(lower);
+    if (first == std::string_view::npos) return;
+    const auto lengths = borders(word);
+    std::size_t length = 0;
+    for (auto i = first; i < lower.size(); ++i) {
+        while (length > 0 && lower[i] != word[length]) length = lengths[length - 1];
+        if (lower[i] == word[length]) ++length;
+        if (length < word.size()) continue;
+        const TextRange place{i + 1 - length, i + 1};
+        const bool goesOn = !places.empty() && places.back().begin <= place.begin &&
+                            place.begin <= places.back().end;
+        if (goesOn)
+            places.back().end = std::max(places.back().end, place.end);
+        else
+            places.push_back(place);
+        length = lengths[length - 1];
+    }
 }
 
 std::vector<TextRange> joined(std::vector<TextRange> ranges) {

@@ -31,6 +31,24 @@ void sharePath(IndexEntries& entries, IndexEntries::iterator entry, const FileUr
     entries.insert(std::move(node));
 }
 
+/// How many there were.
+std::size_t relocateEntries(IndexEntries& entries,
+                            const std::unordered_map<FileUrl, FileUrl>& moved) {
+    // All old places first: one file's old place may be another's new one.
+    std::vector<IndexEntries::node_type> nodes;
+    for (const auto& [from, to] : moved) {
+        auto node = from == to ? IndexEntries::node_type() : entries.extract(from);
+        if (node.empty()) continue;
+        node.key() = to;
+        nodes.push_back(std::move(node));
+    }
+    for (auto& node : nodes) {
+        entries.erase(node.key());
+        entries.insert(std::move(node));
+    }
+    return nodes.size();
+}
+
 bool wasStopped(std::span<const Result<IndexEntry>> read) {
     return std::any_of(read.begin(), read.end(), [](const auto& entry) {
         return !entry && entry.error().code == std::errc::operation_canceled;
@@ -144,6 +162,14 @@ void TextIndexer::keep(std::span<const FileItem> files, std::vector<Result<Index
             pending.insert_or_assign(files[i].url, std::move(entry));
         }
     });
+}
+
+void TextIndexer::relocate(const std::unordered_map<FileUrl, FileUrl>& moved) {
+    // Not while the index file is written: an entry that changed its bucket could be left out.
+    written_.with([&](std::uint64_t) {
+        withIndex([&](Index& index) { index.additions += relocateEntries(index.entries, moved); });
+    });
+    save();
 }
 
 void TextIndexer::save() {

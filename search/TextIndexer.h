@@ -17,6 +17,7 @@
 #include <mutex>
 #include <span>
 #include <stop_token>
+#include <unordered_map>
 #include <vector>
 
 namespace nookwise {
@@ -49,6 +50,11 @@ class TextIndexer {
     /// when it can read none. One run at a time: a second one waits for the first to end.
     void run(std::span<const FileItem> files, const Progress& progress, const Stop& stop);
 
+    /// Files are elsewhere now, unchanged: what was read of them goes along, and the index file is
+    /// replaced if that was anything. Of two calls at the same time either may be the first; at
+    /// worst a file is read again.
+    void relocate(const std::unordered_map<FileUrl, FileUrl>& moved);
+
     /// Replaces the index file, if anything was read since it was last written or loaded.
     void save();
 
@@ -57,7 +63,7 @@ class TextIndexer {
         bool isLoaded = false;
         IndexEntries entries;
         SharedNames sources;
-        /// How many entries were read since it was loaded.
+        /// How many entries were read, or went to another place, since it was loaded.
         std::uint64_t additions = 0;
     };
 

@@ -29,10 +29,10 @@ struct Corpus {
         return add(path);
     }
 
-    SearchCorpus view() const { return {files, texts, lowerTexts, sources}; }
+    SearchCorpus made() const { return SearchCorpus({files, texts, lowerTexts, sources}); }
 
     std::vector<AskResult> ask(const ParsedQuery& query, std::size_t limit = 100) const {
-        return nookwise::ask(query, view(), limit);
+        return nookwise::ask(query, made(), limit);
     }
 
     std::vector<AskResult> ask(std::string_view question, std::size_t limit = 100) const {

@@ -1,5 +1,6 @@
 #include "search/Marks.h"
 
+#include <random>
 #include <string>
 #include <vector>
 
@@ -70,6 +71,37 @@ TEST(Marks, takeBytesThatAreNoText) {
               "[\xff]a[\xff]");
     EXPECT_EQ(marked("a\0KITE"s, {"kite"}), "a\0[KITE]"s);
     EXPECT_EQ(marked("ä", {"\xa4"}), "[ä]") << "never inside a letter";
+}
+
+TEST(Marks, ofLongWordsOfOneLetterAreFoundInOnePass) {
+    const std::string letters(1'000'000, 'a');
+    const std::string word(300'000, 'a');
+    EXPECT_EQ(matchRanges(letters, Words{word}), (std::vector<TextRange>{{0, letters.size()}}));
+    EXPECT_TRUE(matchRanges(letters, Words{word + "b"}).empty());
+    EXPECT_EQ(matchRanges(letters + "b", Words{word + "b"}),
+              (std::vector<TextRange>{{letters.size() - word.size(), letters.size() + 1}}));
+}
+
+TEST(Marks, areWhereverAWordStands) {
+    std::mt19937 random(9);
+    const auto letters = [&](std::size_t size) {
+        std::string text;
+        while (text.size() < size) text += "abc"[random() % 3 * (random() % 2)];
+        return text;
+    };
+    for (int round = 0; round < 5'000; ++round) {
+        const auto text = letters(random() % 40);
+        const Words words{letters(1 + random() % 6), letters(1 + random() % 3)};
+        std::string isMarked(text.size(), '-');
+        for (const auto& word : words) {
+            for (auto at = text.find(word); at != std::string::npos; at = text.find(word, at + 1))
+                isMarked.replace(at, word.size(), word.size(), '#');
+        }
+        std::string found(text.size(), '-');
+        for (const auto range : matchRanges(text, words))
+            found.replace(range.begin, range.end - range.begin, range.end - range.begin, '#');
+        ASSERT_EQ(found, isMarked) << text << " " << words[0] << " " << words[1];
+    }
 }
 
 }  // namespace

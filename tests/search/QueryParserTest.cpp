@@ -64,8 +64,9 @@ INSTANTIATE_TEST_SUITE_P(
     testing::Values(Case{"  invoice   paid ", "invoice paid"},
                     Case{",invoice,,paid,", "invoice paid"},
                     Case{"“quoted” \"words\"", "quoted words"}, Case{"in\"come", "come"},
-                    Case{"“unmatched", "unmatched"}, Case{"\"", ""}, Case{" ,“”\" , ", ""},
-                    Case{"„low” quotes", "„low quotes"},
+                    Case{"“unmatched", "unmatched"}, Case{"un\"matched", "un matched"},
+                    Case{"\"pdf from “gmail", "Kind/PDF(pdf) From/Gmail(from gmail)"},
+                    Case{"\"", ""}, Case{" ,“”\" , ", ""}, Case{"„low” quotes", "„low quotes"},
                     Case{"‘single’ 'quotes'", "‘single’ 'quotes'"}, Case{"tab\there", "tab\there"},
                     Case{"line\nbreak", "line\nbreak"}, Case{"no\u00a0break", "no\u00a0break"},
                     Case{"ideographic\u3000space", "ideographic\u3000space"},
@@ -81,8 +82,10 @@ INSTANTIATE_TEST_SUITE_P(
                     Case{"İstanbul", "i\u0307stanbul"}, Case{"ΟΔΟΣ ΑΣ", "οδος ας"},
                     Case{"\u212Aeynote", "Kind/Slides(keynote)"},
                     Case{"חשבונית pdf", "Kind/PDF(pdf) חשבונית"},
-                    Case{"\u202Epdf\u202C", "\u202Epdf\u202C"}, Case{"発票 2024", "発票 2024"},
-                    Case{"pdf\u0301", "pdf\u0301"}));
+                    Case{"\u202Epdf\u202C", "\u202Epdf\u202C"},
+                    Case{"“חשבונית, \"pdf from \u200Fgmail", "Kind/PDF(pdf) חשבונית \u200Fgmail"},
+                    Case{"חשבונית over 2 gb", "Size/> 2 GB(over 2 gb) חשבונית"},
+                    Case{"発票 2024", "発票 2024"}, Case{"pdf\u0301", "pdf\u0301"}));
 
 INSTANTIATE_TEST_SUITE_P(Kinds, Question,
                          testing::Values(Case{"pdfs images", "Kind/PDF(pdfs)"},
@@ -268,16 +271,26 @@ TEST(Sizes, beyond64BitsAreTheLargestAndSmallestThereAre) {
               "Size/> 9,223,372.04 TB(over 99999999999999999999 gb)");
 }
 
+/// Over and over, for at least so many bytes.
+std::string repeated(std::string_view text, std::size_t size) {
+    std::string result;
+    while (result.size() < size) result += text;
+    return result;
+}
+
 TEST(Parser, takesQuestionsOfAMegabyte) {
     const std::size_t megabyte = 1'000'000;
-    EXPECT_TRUE(QueryParser::parse(std::string(megabyte, ' '), now).words.empty());
+    EXPECT_EQ(QueryParser::parse(repeated(" ", megabyte), now), ParsedQuery{});
+    EXPECT_EQ(QueryParser::parse(repeated(" ,\"“”", megabyte), now), ParsedQuery{});
+    EXPECT_EQ(QueryParser::parse(repeated("“the ", megabyte), now), ParsedQuery{});
+    EXPECT_EQ(QueryParser::parse(repeated("\x01\t\n\x7f", megabyte), now).words.size(), 1U);
+    EXPECT_EQ(QueryParser::parse(repeated("\xff\xe2\x80", megabyte), now).words.size(), 1U);
+    EXPECT_EQ(QueryParser::parse(repeated("חשבונית ", megabyte), now).words.size(), 66'667U);
     EXPECT_EQ(QueryParser::parse(std::string(megabyte, 'x'), now).words.size(), 1U);
     EXPECT_EQ(QueryParser::parse("over " + std::string(megabyte, '9') + " gb", now).words.size(),
               3U);
-    std::string words;
-    while (words.size() < megabyte)
-        words += "today pdf over 2 gb from gmail march 2023 last year ж ";
-    const auto query = QueryParser::parse(words, now);
+    const auto query = QueryParser::parse(
+        repeated("today pdf over 2 gb from gmail march 2023 last year ж ", megabyte), now);
     EXPECT_EQ(query.filters.size(), query.words.size() * 5 + 1) << "and only one kind";
 }
 

@@ -1,12 +1,10 @@
-#include "platform/Text.h"
 #include "search/QueryParser.h"
-#include "search/QueryWords.h"
-#include "search/QuestionTokens.h"
+#include "search/QuestionText.h"
 #include "tests/search/Berlin.h"
+#include "tests/search/TokenAccount.h"
 
-#include <algorithm>
+#include <optional>
 #include <random>
-#include <span>
 #include <string>
 #include <vector>
 
@@ -42,44 +40,9 @@ std::string randomBytes(std::mt19937& random) {
     return bytes;
 }
 
-/// How many tokens, from the first on, are exactly the phrase's; 0 when they are not.
-std::size_t tokensOf(std::span<const std::string_view> tokens, const std::string& phrase) {
-    const auto words = questionTokens(phrase);
-    if (words.size() > tokens.size()) return 0;
-    return std::ranges::equal(words, tokens.first(words.size())) ? words.size() : 0;
-}
-
-/// Each token, in order, is part of a filter's phrase, a free word, a stop word or a further kind.
 void expectEveryTokenAccountedFor(const std::string& question) {
-    SCOPED_TRACE(testing::PrintToString(question));
-    const auto query = QueryParser::parse(question, now);
-    const auto lower = lowercased(question);
-    const auto all = questionTokens(lower);
-    std::size_t filter = 0;
-    std::size_t word = 0;
-    bool hadKind = false;
-    for (std::span<const std::string_view> tokens = all; !tokens.empty();) {
-        std::size_t consumed = 0;
-        if (filter < query.filters.size()) {
-            consumed = tokensOf(tokens, query.filters[filter].phrase);
-            if (consumed > 0) hadKind |= query.filters[filter++].title == "Kind";
-        }
-        if (consumed == 0) {
-            consumed = 1;
-            const bool isWord = word < query.words.size() && query.words[word] == tokens.front();
-            const bool isFurtherKind = hadKind && QueryParser::kindOf(tokens.front()) != nullptr;
-            if (isWord) ++word;
-            ASSERT_TRUE(isWord || isFurtherKind || QueryParser::isStopword(tokens.front()))
-                << tokens.front();
-        }
-        tokens = tokens.subspan(consumed);
-    }
-    EXPECT_EQ(filter, query.filters.size());
-    EXPECT_EQ(word, query.words.size());
-    for (const auto& left : query.words) {
-        EXPECT_FALSE(QueryParser::isStopword(left)) << left;
-        EXPECT_EQ(QueryParser::kindOf(left), nullptr) << left;
-    }
+    EXPECT_EQ(unaccountedFor(question, QueryParser::parse(question, now)), std::nullopt)
+        << testing::PrintToString(question);
 }
 
 TEST(Parser, accountsForEveryTokenOfAnyQuestion) {
@@ -96,6 +59,36 @@ TEST(Parser, accountsForEveryTokenOfAnyBytes) {
         expectEveryTokenAccountedFor(randomBytes(random));
         if (testing::Test::HasFailure()) return;
     }
+}
+
+TEST(Parser, takesCaseAndSeparatorsForNothing) {
+    std::mt19937 random(3);
+    for (int round = 0; round < 5'000; ++round) {
+        const auto question = randomQuestion(random);
+        const auto query = QueryParser::parse(question, now);
+        const auto lower = lowercased(question);
+        std::string spaced;
+        for (const auto token : questionTokens(lower)) spaced.append(token) += " , ";
+        ASSERT_EQ(QueryParser::parse(lower, now), query) << testing::PrintToString(question);
+        ASSERT_EQ(QueryParser::parse(spaced, now), query) << testing::PrintToString(question);
+    }
+}
+
+TEST(RemovePhrase, shortensAnyQuestionUntilNoFilterIsLeft) {
+    std::mt19937 random(4);
+    std::size_t presses = 0;
+    for (int round = 0; round < 3'000; ++round) {
+        auto question = randomQuestion(random);
+        for (auto query = QueryParser::parse(question, now); !query.filters.empty();
+             query = QueryParser::parse(question, now)) {
+            for (const auto& filter : query.filters)
+                ASSERT_LT(removePhrase(question, filter).size(), question.size())
+                    << testing::PrintToString(question) << filter.phrase;
+            question = removePhrase(question, query.filters.back());
+            ++presses;
+        }
+    }
+    EXPECT_GT(presses, 2'000U);
 }
 
 }  // namespace
