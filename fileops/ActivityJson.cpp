@@ -71,7 +71,10 @@ class Members {
     std::string_view text(const char* key) {
         const auto* value = find(key);
         if (value == nullptr || !value->IsString()) return spoil(), std::string_view{};
-        return {value->GetString(), value->GetStringLength()};
+        const std::string_view text(value->GetString(), value->GetStringLength());
+        // RapidJSON's own check lets escaped lone surrogates through.
+        if (!isWellFormed(text)) spoil();
+        return text;
     }
 
     bool boolean(const char* key) {

@@ -1,37 +1,16 @@
 #include "fileops/FileOps.h"
 
-#include "platform/Text.h"
-
-#include <string>
+#include "fileops/NameFitting.h"
 
 namespace nookwise {
 namespace {
 
-/// The longest name that Linux file systems take, in bytes.
-constexpr std::size_t longestName = 255;
-
-/// The beginning of `base` that leaves room for `tail`, cut between characters.
-std::string_view cutToFit(std::string_view base, std::size_t tail) {
-    const auto room = longestName > tail ? longestName - tail : 0;
-    if (base.size() <= room) return base;
-    auto count = characterCount(base);
-    auto cut = firstCharacters(base, count);
-    while (cut.size() > room) cut = firstCharacters(base, --count);
-    return cut;
-}
-
-std::string numberedName(std::string_view name, std::uint64_t number) {
-    const auto extension = extensionOf(name);
-    std::string tail = " (" + std::to_string(number) + ")";
-    if (!extension.empty()) tail.append(".").append(extension);
-    return std::string(cutToFit(stemOf(name), tail.size())) + tail;
-}
-
 std::optional<ActivityEntry::Move> transferOne(FileManager& files, const FileUrl& url,
-                                               const FileUrl& folder, TransferKind kind) {
-    const auto attributes = files.attributes(url);
+                                               const FileUrl& folder, TransferKind kind,
+                                               const CopyWatch& watch) {
+    const auto attributes = files.attributes(url, watch.stop);
     const auto place = [&](const FileUrl& to) {
-        return kind == TransferKind::copy ? files.copy(url, to) : files.move(url, to);
+        return kind == TransferKind::copy ? files.copy(url, to, watch) : files.move(url, to, watch);
     };
     const auto placed = FileOps::placeFreely(files, url.lastPathComponent(), folder, place);
     if (!placed) return std::nullopt;
@@ -44,7 +23,7 @@ std::optional<ActivityEntry::Move> transferOne(FileManager& files, const FileUrl
 FileUrl FileOps::freeURL(const FileManager& files, std::string_view name, const FileUrl& folder) {
     auto candidate = folder.append(name);
     for (std::uint64_t number = 2; files.exists(candidate); ++number) {
-        candidate = folder.append(numberedName(name, number));
+        candidate = folder.append(numberedName(stemOf(name), extensionOf(name), number));
     }
     return candidate;
 }
@@ -66,13 +45,19 @@ std::optional<FileUrl> FileOps::placeFreely(
 std::vector<ActivityEntry::Move> FileOps::transfer(FileManager& files,
                                                    const std::vector<FileUrl>& urls,
                                                    const FileUrl& folder, TransferKind kind,
+                                                   const TransferReport& report,
                                                    const std::stop_token& stop) {
     std::vector<ActivityEntry::Move> moves;
     const auto destination = folder.standardized();
+    TransferMeter meter(files, urls, report);
+    const auto watch = meter.watch(stop);
     for (const auto& url : urls) {
         if (stop.stop_requested()) break;
-        if (url.parent().standardized() == destination) continue;
-        if (auto move = transferOne(files, url, folder, kind)) moves.push_back(std::move(*move));
+        if (url.parent().standardized() != destination) {
+            auto move = transferOne(files, url, folder, kind, watch);
+            if (move) moves.push_back(std::move(*move));
+        }
+        meter.fileDone();
     }
     return moves;
 }

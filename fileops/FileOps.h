@@ -2,9 +2,11 @@
 #pragma once
 
 #include "fileops/ActivityEntry.h"
+#include "fileops/TransferMeter.h"
 #include "platform/FileManager.h"
 
 #include <functional>
+#include <optional>
 #include <stop_token>
 #include <string_view>
 #include <vector>
@@ -28,10 +30,12 @@ class FileOps {
         const std::function<Result<std::monostate>(const FileUrl&)>& place);
 
     /// Moves or copies each of `urls` into `folder` and returns those that went through, in order.
-    /// What lies in `folder` already is left alone. After a stop request it begins no further file.
+    /// What lies in `folder` already is left alone. After a stop request it ends soon, inside a
+    /// file too, which is then as it was.
     static std::vector<ActivityEntry::Move> transfer(FileManager& files,
                                                      const std::vector<FileUrl>& urls,
                                                      const FileUrl& folder, TransferKind kind,
+                                                     const TransferReport& report,
                                                      const std::stop_token& stop);
 };
 

@@ -121,25 +121,26 @@ TEST_P(SpoiltActivityText, isNotReadAtAll) {
 
 INSTANTIATE_TEST_SUITE_P(
     Members, SpoiltActivityText,
-    testing::Values(Spoiling{R"("id":"5F1B9A52-6C0E-4C9B-9D5C-2B1D7A3E4F60",)", ""},
-                    Spoiling{"5F1B9A52-6C0E", "5F1B9A52-6C0"},
-                    Spoiling{R"("5F1B9A52-6C0E-4C9B-9D5C-2B1D7A3E4F60")", "7"},
-                    Spoiling{R"("date":"2026-10-14T09:30:00Z",)", ""}, Spoiling{"T09:30:00Z", ""},
-                    Spoiling{R"("2026-10-14T09:30:00Z")", "1791970200"},
-                    Spoiling{R"("title":"Moved 1 file to Projects",)", ""},
-                    Spoiling{R"("Moved 1 file to Projects")", "null"},
-                    Spoiling{R"("source":"Split view",)", ""}, Spoiling{R"("Split view")", "[]"},
-                    Spoiling{R"("moves":[)", R"("moved":[)"},
-                    Spoiling{R"("moves":[{)", R"("moves":[7,{)"},
-                    Spoiling{R"("restored":false,)", ""}, Spoiling{"false", "0"},
-                    Spoiling{"false", "null"}, Spoiling{R"("move"})", R"("shred"})"},
-                    Spoiling{R"("move"})", "3}"}, Spoiling{R"("original":)", R"("from":)"},
-                    Spoiling{R"("inTrash":)", R"("to":)"},
-                    Spoiling{R"({"relative":"file:///Users/someone/Downloads/Report%202.pdf"})",
-                             R"("file:///Users/someone/Downloads/Report%202.pdf")"},
-                    Spoiling{"file:///Users/someone/Downloads", "https://example.org/Downloads"},
-                    Spoiling{R"(,"size":4096)", ""}, Spoiling{"4096", "4096.5"},
-                    Spoiling{"4096", R"("4096")"}, Spoiling{"4096", "9223372036854775808"}));
+    testing::Values(
+        Spoiling{R"("id":"5F1B9A52-6C0E-4C9B-9D5C-2B1D7A3E4F60",)", ""},
+        Spoiling{"5F1B9A52-6C0E", "5F1B9A52-6C0"},
+        Spoiling{R"("5F1B9A52-6C0E-4C9B-9D5C-2B1D7A3E4F60")", "7"},
+        Spoiling{R"("date":"2026-10-14T09:30:00Z",)", ""}, Spoiling{"T09:30:00Z", ""},
+        Spoiling{R"("2026-10-14T09:30:00Z")", "1791970200"},
+        Spoiling{R"("title":"Moved 1 file to Projects",)", ""},
+        Spoiling{R"("Moved 1 file to Projects")", "null"}, Spoiling{"Moved 1 file", R"(\uDE00)"},
+        Spoiling{"Split view", R"(\uD83D)"}, Spoiling{"Downloads/Report%202", R"(\uDE00)"},
+        Spoiling{"Downloads/Report%202", R"(Report\u0000)"},
+        Spoiling{R"("source":"Split view",)", ""}, Spoiling{R"("Split view")", "[]"},
+        Spoiling{R"("moves":[)", R"("moved":[)"}, Spoiling{R"("moves":[{)", R"("moves":[7,{)"},
+        Spoiling{R"("restored":false,)", ""}, Spoiling{"false", "0"}, Spoiling{"false", "null"},
+        Spoiling{R"("move"})", R"("shred"})"}, Spoiling{R"("move"})", "3}"},
+        Spoiling{R"("original":)", R"("from":)"}, Spoiling{R"("inTrash":)", R"("to":)"},
+        Spoiling{R"({"relative":"file:///Users/someone/Downloads/Report%202.pdf"})",
+                 R"("file:///Users/someone/Downloads/Report%202.pdf")"},
+        Spoiling{"file:///Users/someone/Downloads", "https://example.org/Downloads"},
+        Spoiling{R"(,"size":4096)", ""}, Spoiling{"4096", "4096.5"}, Spoiling{"4096", R"("4096")"},
+        Spoiling{"4096", "9223372036854775808"}));
 
 TEST(ActivityText, isNotReadFromOtherShapes) {
     for (const auto* text :

@@ -87,10 +87,11 @@ class Transfer : public testing::Test {
     Transfer() { files.addFolder("/folder"); }
 
     Moves transfer(std::vector<FileUrl> urls, TransferKind kind = TransferKind::move) {
-        return FileOps::transfer(files, urls, FileUrl("/folder"), kind, {});
+        return FileOps::transfer(files, urls, FileUrl("/folder"), kind, unheard, {});
     }
 
     FakeFileManager files;
+    const TransferReport unheard = [](const TransferProgress&) {};
 };
 
 TEST_F(Transfer, movesFilesInTheGivenOrder) {
@@ -158,7 +159,7 @@ TEST_F(Transfer, isOfNoAvailIntoAFolderThatIsGone) {
 TEST_F(Transfer, doesNotPutAFolderIntoItself) {
     files.addFile("/folder/sub/kept");
     EXPECT_TRUE(FileOps::transfer(files, {FileUrl("/folder")}, FileUrl("/folder/sub"),
-                                  TransferKind::move, {})
+                                  TransferKind::move, unheard, {})
                     .empty());
     EXPECT_TRUE(files.exists(FileUrl("/folder/sub/kept")));
 }
@@ -172,11 +173,11 @@ TEST_F(Transfer, beginsNoFileAfterAStopRequest) {
     files.addFile("/a");
     files.addFile("/b");
     std::stop_source source;
-    files.onOperation([&](const FakeOperation& operation) {
-        if (operation.kind == FakeOperation::Kind::move) source.request_stop();
-    });
+    const auto stopAfterTheFirst = [&](const TransferProgress& progress) {
+        if (progress.filesDone == 1) source.request_stop();
+    };
     const auto moves = FileOps::transfer(files, {FileUrl("/a"), FileUrl("/b")}, FileUrl("/folder"),
-                                         TransferKind::move, source.get_token());
+                                         TransferKind::move, stopAfterTheFirst, source.get_token());
     EXPECT_EQ(moves.size(), 1u);
     EXPECT_TRUE(files.exists(FileUrl("/b")));
 }
