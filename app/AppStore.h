@@ -6,17 +6,22 @@
 #include "app/LongCall.h"
 #include "app/Observable.h"
 #include "app/Platform.h"
+#include "app/QuestionCorpus.h"
 #include "app/Results.h"
 #include "app/Toast.h"
 #include "app/TrashRequest.h"
 #include "fileops/ActivityStore.h"
 #include "fileops/FileOps.h"
+#include "fileops/RenameFiles.h"
+#include "fileops/RenamePlan.h"
 #include "model/AppInfo.h"
 #include "model/Scan.h"
+#include "platform/Guarded.h"
 #include "platform/Tasks.h"
 #include "search/Ask.h"
 #include "search/TextIndexer.h"
 
+#include <chrono>
 #include <cstdint>
 #include <memory>
 #include <optional>
@@ -102,6 +107,10 @@ class AppStore : public std::enable_shared_from_this<AppStore> {
     Observable<std::int64_t> fileOpsVersion{0};
     /// Whether a move or copy is running.
     Observable<bool> transferring{false};
+    /// Present while a move or copy runs that takes long.
+    Observable<std::optional<TransferProgress>> transferProgress;
+    /// The files handed to the rename screen; present while that is open.
+    Observable<std::optional<std::vector<FileItem>>> renameFiles;
     Observable<std::vector<FileItem>> recent;
     Observable<std::vector<FileItem>> justLanded;
     Observable<std::vector<FileItem>> screenshots;
@@ -165,10 +174,22 @@ class AppStore : public std::enable_shared_from_this<AppStore> {
     // Move and copy (AppStoreTransfer.cpp).
     /// In the background. Does nothing while another one runs.
     void transfer(std::vector<FileUrl> urls, const FileUrl& folder, TransferKind kind);
+    /// Ends the running one soon, inside a file too. What is done stays done and is recorded.
+    void cancelTransfer();
+
+    // Rename (AppStoreRename.cpp).
+    /// Gives the files the new names of the rows, in order, and records it. A name that is taken
+    /// gets a number; a file that has its new name already, or cannot get it, is skipped.
+    void applyRenames(const std::vector<RenameRow>& rows);
 
     // Questions (AppStoreAsk.cpp).
     /// The first `limit` answers, newest first. Changes nothing.
     std::vector<AskResult> ask(const ParsedQuery& query, std::size_t limit) const;
+    /// The files of the same answers.
+    std::vector<FileItem> answers(const ParsedQuery& query, std::size_t limit) const;
+    /// The piece of the file's text that an answer to a question with these words shows.
+    std::optional<std::string> snippet(const FileUrl& url,
+                                       const std::vector<std::string>& words) const;
 
   private:
     enum class ToastLife { passing, sticky };
@@ -186,37 +207,53 @@ class AppStore : public std::enable_shared_from_this<AppStore> {
     void readUnread(std::shared_ptr<const std::vector<FileItem>> scanned,
                     const std::stop_token& stop);
     void absorb(const IndexEntries& entries);
+    /// Has the indexer take along what it read of these files, or is about to have read.
+    void relocateIndex(const Relocation& moved);
     void perform(const TrashRequest& request);
     void showToast(std::string message, std::optional<Uuid> entryID, ToastLife life);
     void record(ActivityEntry entry);
+    KnownFiles knownFiles() const;
     void removeFromResults(const UrlSet& urls);
     void relocate(const Relocation& moved);
     TrashService::Returned putBackFiles(const ActivityEntry& entry);
     void putBackTrashed(const ActivityEntry& entry);
     void removeCopies(const ActivityEntry& entry);
     void putBackMoved(const ActivityEntry& entry);
+    Renamed renamedFiles(const std::vector<RenameRow>& rows);
     TrashService::Trashed trashFiles(const std::vector<FileItem>& items);
     void noteCleared(PileKind pile, std::int64_t bytes);
+    /// Shows how far the transfer is then, and again from time to time until it ends.
+    void showTransferProgress(std::chrono::milliseconds delay,
+                              std::shared_ptr<Guarded<TransferProgress>> latest);
+    void endTransfer(std::vector<ActivityEntry::Move> moves, const FileUrl& folder,
+                     TransferKind kind, std::size_t asked);
     void finishTransfer(std::vector<ActivityEntry::Move> moves, const FileUrl& folder,
                         TransferKind kind, std::size_t asked);
     void selectPileWithItems();
     bool hasItems(PileKind pile) const;
 
+    /// What questions are asked of.
+    QuestionCorpus corpus_{{files, texts, lowerTexts, sources}};
     Platform platform_;
     ActivityStore activityStore_;
     /// Shared with the run in the background, which may outlive the store by a moment.
     std::shared_ptr<TextIndexer> indexer_;
     std::int64_t scanGeneration_ = 0;
     std::optional<ScanKind> runningScan_;
+    /// Files were on their way while its result was taken in.
+    bool isScanOutdated_ = false;
+    /// A run of the indexer goes on: known texts are being loaded, or files read.
+    bool isIndexing_ = false;
     std::stop_source scanStop_{std::nostopstate};
     std::stop_source appsStop_{std::nostopstate};
-    std::stop_source transferStop_;
+    std::stop_source transferStop_{std::nostopstate};
     std::stop_source leftoversStop_;
     std::stop_source indexStop_{std::nostopstate};
     /// Ends what need not be finished when the application does.
     std::stop_source quitStop_;
     std::unique_ptr<Tasks::Delay> nextDiskRefresh_;
     std::unique_ptr<Tasks::Delay> toastTimer_;
+    std::unique_ptr<Tasks::Delay> transferTimer_;
 };
 
 }  // namespace nookwise

@@ -5,8 +5,6 @@
 #include "platform/Workspace.h"
 
 #include <algorithm>
-#include <cstdio>
-#include <cstdlib>
 #include <utility>
 
 namespace nookwise {
@@ -14,15 +12,19 @@ namespace {
 
 constexpr Seconds week{604'800};
 
-/// From where an entry's files are to where they were.
+/// In the order in which they are put back. Names may have been passed on from file to file: only
+/// the last that was given is free to go back.
+std::vector<ActivityEntry::Move> movesBack(const ActivityEntry& entry) {
+    auto moves = entry.moves;
+    if (entry.effectiveKind() == ActivityEntry::Kind::rename) std::ranges::reverse(moves);
+    return moves;
+}
+
+/// From where an entry's files are to where they were. In a damaged log one place may be named
+/// twice: the file there goes back once.
 Relocation wayBack(const ActivityEntry& entry) {
     Relocation moved;
-    for (const auto& move : entry.moves) {
-        if (moved.emplace(move.inTrash, move.original).second) continue;
-        // No operation puts two files in one place.
-        std::fputs("nookwise: an activity entry names one place twice\n", stderr);
-        std::abort();
-    }
+    for (const auto& move : movesBack(entry)) moved.emplace(move.inTrash, move.original);
     return moved;
 }
 
@@ -65,7 +67,7 @@ void AppStore::putBack(const Uuid& entryID) {
 
 TrashService::Returned AppStore::putBackFiles(const ActivityEntry& entry) {
     LongCall call(busy, platform_.clock, entry.moves.size());
-    return TrashService::putBack(platform_.files, entry.moves,
+    return TrashService::putBack(platform_.files, movesBack(entry),
                                  [&](std::size_t done) { call.report(done); });
 }
 
@@ -93,7 +95,8 @@ void AppStore::putBackMoved(const ActivityEntry& entry) {
     const auto returned = putBackFiles(entry);
     relocate(wayBack(entry));
     // A group that took another file, or none, for its kept copy would offer all of its copies.
-    const UrlSet astray(returned.astray.begin(), returned.astray.end());
+    const auto astray = withContents(UrlSet(returned.astray.begin(), returned.astray.end()),
+                                     files.get(), texts.get());
     duplicates.mutate([&](auto& groups) { return removeFrom(groups, astray); });
     const bool isRename = entry.effectiveKind() == ActivityEntry::Kind::rename;
     showToast(isRename ? "Old names are back" : "Moved " + countedFiles(returned.count) + " back",

@@ -29,19 +29,27 @@ void postTo(const std::weak_ptr<AppStore>& weak, Tasks& tasks, Work work) {
     });
 }
 
-void merge(Observable<TextsByUrl>& texts, const IndexEntries& entries,
+/// Returns whether it changed anything.
+bool merge(TextsByUrl& known, const IndexEntries& entries,
            const SharedBytes* (*textOf)(const IndexEntry&)) {
-    texts.mutate([&](TextsByUrl& known) {
-        bool changed = false;
-        for (const auto& [url, entry] : entries) {
-            const auto* text = textOf(entry);
-            if (text == nullptr) continue;
-            const auto [place, isNew] = known.try_emplace(url, *text);
-            if (!isNew && place->second == *text) continue;
-            place->second = *text;
-            changed = true;
-        }
-        return changed;
+    bool changed = false;
+    for (const auto& [url, entry] : entries) {
+        const auto* text = textOf(entry);
+        if (text == nullptr) continue;
+        const auto [place, isNew] = known.try_emplace(url, *text);
+        if (!isNew && place->second == *text) continue;
+        place->second = *text;
+        changed = true;
+    }
+    return changed;
+}
+
+/// Makes room for the texts of so many files, and of some more. To make room when there is none
+/// left takes longer than a frame, in which to take in a few texts.
+void makeRoom(Observable<TextsByUrl>& texts, std::size_t files) {
+    texts.mutate([files](TextsByUrl& known) {
+        if (known.bucket_count() < files) known.reserve(files + files / 8);
+        return false;
     });
 }
 
@@ -50,6 +58,8 @@ void merge(Observable<TextsByUrl>& texts, const IndexEntries& entries,
 void AppStore::startIndexing() {
     indexStop_.request_stop();
     indexStop_ = std::stop_source();
+    isIndexing_ = true;
+    for (auto* field : {&texts, &lowerTexts, &sources}) makeRoom(*field, files.get().size());
     // What is known from earlier runs can be found before anything is read, and does not wait for
     // an idle computer.
     platform_.tasks.detach(TaskPriority::userInitiated,
@@ -70,6 +80,7 @@ void AppStore::startIndexing() {
 
 void AppStore::readUnread(std::shared_ptr<const std::vector<FileItem>> scanned,
                           const std::stop_token& stop) {
+    corpus_.settle();
     platform_.tasks.detach(
         TaskPriority::utility,
         [weak = weak_from_this(), &tasks = platform_.tasks, indexer = indexer_,
@@ -83,16 +94,35 @@ void AppStore::readUnread(std::shared_ptr<const std::vector<FileItem>> scanned,
             };
             indexer->run(*scanned, report, {.soon = soon, .atOnce = atOnce});
             postTo(weak, tasks, [soon](AppStore& store) {
-                if (!soon.stop_requested()) store.indexing.set(std::nullopt);
+                if (soon.stop_requested()) return;
+                store.isIndexing_ = false;
+                store.indexing.set(std::nullopt);
             });
         });
 }
 
 void AppStore::absorb(const IndexEntries& entries) {
-    merge(texts, entries, [](const IndexEntry& entry) { return &entry.text; });
-    merge(lowerTexts, entries, [](const IndexEntry& entry) { return &entry.lowerText; });
-    merge(sources, entries, [](const IndexEntry& entry) -> const SharedBytes* {
+    std::vector<FileUrl> urls;
+    urls.reserve(entries.size());
+    for (const auto& [url, entry] : entries) urls.push_back(url);
+    const auto take = [&](auto& field, const SharedBytes* (*textOf)(const IndexEntry&)) {
+        corpus_.mutate(field, urls,
+                       [&](TextsByUrl& known) { return merge(known, entries, textOf); });
+    };
+    take(texts, [](const IndexEntry& entry) { return &entry.text; });
+    take(lowerTexts, [](const IndexEntry& entry) { return &entry.lowerText; });
+    take(sources, [](const IndexEntry& entry) -> const SharedBytes* {
         return entry.source ? &*entry.source : nullptr;
+    });
+}
+
+void AppStore::relocateIndex(const Relocation& moved) {
+    Relocation read;
+    for (const auto& [from, to] : moved)
+        if (isIndexing_ || texts.get().contains(from)) read.emplace(from, to);
+    if (read.empty()) return;
+    platform_.tasks.detach(TaskPriority::utility, [indexer = indexer_, read = std::move(read)] {
+        indexer->relocate(read);
     });
 }
 

@@ -12,6 +12,7 @@ void AppStore::scan(ScanKind kind) {
     scanStop_ = std::stop_source();
     const auto generation = ++scanGeneration_;
     runningScan_ = kind;
+    isScanOutdated_ = false;
     if (kind == ScanKind::visible) {
         phase.set(Phase::scanning);
         progress.set({.folder = {}, .filesSeen = 0, .fraction = 0.0, .step = "Starting"});
@@ -50,6 +51,7 @@ void AppStore::restartScan() {
 
 void AppStore::absorb(ScanResult&& result) {
     runningScan_.reset();
+    isScanOutdated_ = transferring.get();
     piles.set(std::move(result.piles));
     duplicates.set(std::move(result.duplicates));
     files.set(std::move(result.files));

@@ -70,17 +70,4 @@ void AppStore::noteCleared(PileKind pile, std::int64_t bytes) {
     justCleared.set(JustCleared{pile, bytes});
 }
 
-void AppStore::removeFromResults(const UrlSet& urls) {
-    const auto remove = [&](auto& from) { return removeFrom(from, urls); };
-    files.mutate(remove);
-    texts.mutate(remove);
-    lowerTexts.mutate(remove);
-    sources.mutate(remove);
-    rebuildLibrary();
-    piles.mutate(remove);
-    checked.mutate(remove);
-    duplicates.mutate(remove);
-    restartScan();
-}
-
 }  // namespace nookwise

@@ -1,5 +1,7 @@
 #include "app/Results.h"
 
+#include "app/HoldingFolders.h"
+
 #include <algorithm>
 #include <utility>
 
@@ -26,7 +28,63 @@ bool relocateGroup(DuplicateGroup& group, const Relocation& moved) {
     return changed;
 }
 
+/// The known files inside the given folders, and for each the folder that takes it along. Texts are
+/// looked through only where one of `urls` is unknown otherwise: that takes longer.
+using Contents = std::vector<std::pair<const FileUrl*, const FileUrl*>>;
+
+template <typename Urls>
+Contents contentsOf(HoldingFolders& folders, const Urls& urls, const KnownFiles& known) {
+    Contents contents;
+    std::unordered_set<const FileUrl*> seen;
+    const FileUrl* last = nullptr;
+    const auto look = [&](const FileUrl& url) {
+        const auto* itself = folders.find(url.path());
+        const auto* folder = itself == nullptr ? folders.holding(url.path()) : itself;
+        if (folder == nullptr) return;
+        if (folder != std::exchange(last, folder)) seen.insert(folder);
+        if (itself == nullptr) contents.emplace_back(&url, folder);
+    };
+    for (const auto& file : known.files) look(file.url);
+    for (const auto& [kind, items] : known.piles) {
+        for (const auto& item : items) look(item.file.url);
+    }
+    if (seen.size() < urls.size()) {
+        for (const auto& [url, text] : known.texts) look(url);
+    }
+    return contents;
+}
+
 }  // namespace
+
+Relocation withContents(Relocation moved, const KnownFiles& known) {
+    HoldingFolders folders;
+    for (const auto& [from, to] : moved) folders.add(from);
+    const auto contents = contentsOf(folders, moved, known);
+    moved.reserve(moved.size() + contents.size());
+    const FileUrl* lastFolder = nullptr;
+    const FileUrl* lastPlace = nullptr;
+    for (const auto& [url, folder] : contents) {
+        if (folder != std::exchange(lastFolder, folder)) lastPlace = &moved.at(*folder);
+        moved.try_emplace(*url, lastPlace->append(url->path().substr(folder->path().size() + 1)));
+    }
+    return moved;
+}
+
+UrlSet withContents(UrlSet gone, const KnownFiles& known) {
+    HoldingFolders folders;
+    for (const auto& url : gone) folders.add(url);
+    for (const auto& [url, folder] : contentsOf(folders, gone, known)) gone.insert(*url);
+    return gone;
+}
+
+UrlSet replacedBy(const Relocation& moved, std::span<const FileItem> files, const Piles& piles) {
+    UrlSet places;
+    for (const auto& [from, to] : moved) places.insert(to);
+    const TextsByUrl noTexts;
+    places = withContents(std::move(places), {files, piles, noTexts});
+    std::erase_if(places, [&](const FileUrl& place) { return moved.contains(place); });
+    return places;
+}
 
 bool removeFrom(std::vector<FileItem>& files, const UrlSet& gone) {
     return std::erase_if(files, [&](const FileItem& file) { return gone.contains(file.url); }) > 0;

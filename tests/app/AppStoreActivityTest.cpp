@@ -230,6 +230,16 @@ TEST_F(PutBack, neverLeavesAGroupThatOffersAllOfItsCopies) {
     EXPECT_EQ(store->duplicates.get().front().extras(), std::vector{sized("/c", 1)});
 }
 
+TEST_F(PutBack, leavesNoTickAtAPlaceThatAnotherFileHas) {
+    const auto entry =
+        entryOf({move("/home/a", "/folder/a"), move("/home/b", "/folder/b")}, Kind::move);
+    world.files.addFile("/home/a", {.contents = "somebody's"});
+    store->activity.set({entry});
+    store->checked.set({FileUrl("/folder/a"), FileUrl("/folder/b")});
+    store->putBack(entry.id);
+    EXPECT_EQ(store->checked.get(), Ticks{FileUrl("/home/b")});
+}
+
 TEST_F(PutBack, keepsTheKeptCopyKept) {
     const auto entry = entryOf({move("/home/a", "/folder/a")}, Kind::move);
     store->activity.set({entry});

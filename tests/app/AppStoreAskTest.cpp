@@ -55,5 +55,31 @@ TEST_F(Questions, findAFileThatAScanFound) {
     EXPECT_EQ(ask("forgotten").size(), 1U);
 }
 
+TEST_F(Questions, askedByWhoeverIsToldOfAChangeAreAnsweredFromWhatItIsNow) {
+    std::vector<std::size_t> counts;
+    const auto note = [&] { counts.push_back(ask("kite").size()); };
+    const auto files = store->files.observe(note);
+    const auto texts = store->lowerTexts.observe(note);
+    const auto sources =
+        store->sources.observe([&] { counts.push_back(ask("from gmail").size()); });
+    store->files.set({sized("/home/user/Desktop/scan.png", 1)});
+    store->lowerTexts.mutate([](TextsByUrl& known) { return known.clear(), true; });
+    store->lowerTexts.set({{FileUrl("/home/user/Desktop/scan.png"), SharedBytes("kites")}});
+    store->sources.set({{FileUrl("/home/user/Desktop/scan.png"), SharedBytes("Gmail")}});
+    EXPECT_EQ(counts, (std::vector<std::size_t>{1, 0, 1, 1}));
+}
+
+TEST_F(Questions, findWhatWasReadInsideAFileUntilItIsTrashed) {
+    world.files.addFile("/home/user/Downloads/receipt.png", {.size = 9'000, .modified = now});
+    world.reader.setOcr("/home/user/Downloads/receipt.png", "INVOICE 17");
+    scan(*store);
+    ASSERT_EQ(ask("invoice").size(), 1U);
+    EXPECT_EQ(ask("invoice")[0].snippet, "INVOICE 17");
+    store->requestTrash({ask("invoice")[0].file}, std::nullopt, "Ask");
+    ASSERT_TRUE(store->pendingTrash.get());
+    store->confirm(*store->pendingTrash.get(), AppStore::NextTime::ask);
+    EXPECT_TRUE(ask("invoice").empty());
+}
+
 }  // namespace
 }  // namespace nookwise

@@ -29,6 +29,21 @@ class StoreIndexing : public StoreFixture {
             world.files.addFile("/home/user/Downloads/" + std::to_string(i), {.modified = now});
     }
 
+    static constexpr std::string_view movedReceipt = "/home/user/Documents/receipt.png";
+    /// As the user does, which may be at any time.
+    void moveReceipt(AppStore& store) {
+        world.reader.setOcr(movedReceipt, "INVOICE 17");
+        store.activity.set({{.id = Uuid::random(),
+                             .date = now,
+                             .title = "Moved 1 file to Downloads",
+                             .source = "Split view",
+                             .moves = {{FileUrl(movedReceipt), FileUrl(receipt), 1}},
+                             .restored = false,
+                             .kind = ActivityEntry::Kind::move}});
+        store.undoLast();
+        ASSERT_TRUE(world.files.exists(FileUrl(movedReceipt)));
+    }
+
     /// A scan taken in, with the indexing that it began still waiting.
     void scanOnly(AppStore& store) {
         store.scan(ScanKind::visible);
@@ -262,6 +277,43 @@ TEST_F(StoreIndexing, isNotHinderedByAnIndexFileThatCannotBeWritten) {
     const auto store = launch();
     scan(*store);
     EXPECT_EQ(at(store->texts, receipt), "INVOICE 17");
+}
+
+TEST_F(StoreIndexing, readsAFileThatWasMovedBeforeItsTurn) {
+    addReceipt();
+    const auto store = launch();
+    scanOnly(*store);
+    const auto reading = takeReading();
+    moveReceipt(*store);
+    reading();
+    world.tasks.runEverything();
+    EXPECT_EQ(at(store->texts, movedReceipt), "INVOICE 17");
+    EXPECT_EQ(store->indexing.get().has_value(), false);
+}
+
+TEST_F(StoreIndexing, knowsAFileThatWasMovedWhileKnownTextsWereLoaded) {
+    addReceipt();
+    {
+        const auto store = launch();
+        scan(*store);
+    }
+    const auto store = launch();
+    scanOnly(*store);
+    moveReceipt(*store);
+    world.tasks.runEverything();
+    EXPECT_EQ(at(store->texts, movedReceipt), "INVOICE 17");
+    EXPECT_EQ(world.reader.calls().size(), 1u) << "it is not read again";
+}
+
+TEST_F(StoreIndexing, isNotBegunAnewByAMoveOnceItHasEnded) {
+    addReceipt();
+    const auto store = launch();
+    scan(*store);
+    const auto subscription = noteProgress(*store);
+    moveReceipt(*store);
+    world.tasks.runEverything();
+    EXPECT_TRUE(told.empty());
+    EXPECT_EQ(at(store->texts, movedReceipt), "INVOICE 17");
 }
 
 TEST_F(StoreIndexing, forgetsTheTextOfATrashedFileAndFindsItAgainWhenItIsPutBack) {

@@ -167,6 +167,56 @@ TEST_F(Transferring, beginsNoFurtherFileOnceTheStoreIsGone) {
     EXPECT_TRUE(world.files.exists(b));
 }
 
+TEST_F(Transferring, isFollowedByAScanWhereOneLandedMeanwhile) {
+    start({a, b});
+    const auto work = world.tasks.takeBackgroundTask();
+    store->scan(ScanKind::visible);
+    const auto scanning = world.tasks.takeBackgroundTask();
+    world.files.onOperation([&](const FakeOperation& operation) {
+        if (operation.kind != FakeOperation::Kind::move || operation.url != b) return;
+        scanning();
+        world.tasks.runUiTasks();
+    });
+    work();
+    world.files.onOperation({});
+    world.tasks.runEverything();
+    EXPECT_EQ(listed(), (Paths{"/home/user/Documents/Projects/a.txt",
+                               "/home/user/Documents/Projects/b.txt"}));
+    EXPECT_EQ(store->phase.get(), Phase::ready);
+}
+
+TEST_F(Transferring, isFollowedByNoScanWhereNoneLandedMeanwhile) {
+    scan(*store);
+    transfer({a});
+    int scans = 0;
+    world.files.onOperation([&](const FakeOperation& operation) {
+        if (operation.kind == FakeOperation::Kind::enumerate) ++scans;
+    });
+    transfer({b});
+    EXPECT_EQ(scans, 0);
+}
+
+TEST_F(Transferring, leavesNothingThatWasKnownOfAFileThatStoodAtTheNewPlace) {
+    const auto there = projects.append("a.txt");
+    const FileItem other = sized("/home/user/Documents/c.txt", 7);
+    const FileItem gone = sized(there.path(), 7);
+    store->files.set({sized(a.path(), 1), gone});
+    store->piles.set({{PileKind::forgotten, {{gone, "reason", true}}}});
+    store->checked.set({there});
+    store->duplicates.set({{.id = "x", .files = {gone, other}, .keep = other.url}});
+    for (auto* texts : {&store->texts, &store->lowerTexts, &store->sources})
+        texts->set({{there, SharedBytes("of another")}});
+    transfer({a});
+    ASSERT_TRUE(world.files.exists(there));
+    EXPECT_EQ(listed(), Paths{std::string(there.path())});
+    EXPECT_EQ(store->files.get().front().size, 1);
+    EXPECT_TRUE(store->piles.get().at(PileKind::forgotten).empty());
+    EXPECT_TRUE(store->checked.get().empty());
+    EXPECT_TRUE(store->duplicates.get().empty());
+    for (auto* texts : {&store->texts, &store->lowerTexts, &store->sources})
+        EXPECT_TRUE(texts->get().empty());
+}
+
 TEST_F(Transferring, makesAScanThatIsUnderWayBeginAnew) {
     store->scan(ScanKind::quiet);
     const auto reading = world.tasks.takeBackgroundTask();
