@@ -10,8 +10,10 @@
 #include "platform/linux/ReaderProgram.h"
 #include "platform/linux/SingleInstance.h"
 #include "platform/linux/SystemClock.h"
+#include "platform/linux/TerminationSignals.h"
 #include "ui/window/Application.h"
 
+#include <QCoreApplication>
 #include <cstdlib>
 
 int main(int argc, char* argv[]) {
@@ -31,6 +33,7 @@ int main(int argc, char* argv[]) {
     IniUserDefaults defaults(userDefaultsFile(base));
     LinuxTextReader reader(readerProgram());
     QtTasks tasks;
+    const TerminationSignals termination([] { QCoreApplication::quit(); });
     const int status =
         application->run({files, metadata, folders, workspace, defaults, clock, tasks, reader});
     instance->stopAnswering();

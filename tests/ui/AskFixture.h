@@ -43,7 +43,7 @@ class AskFixture : public StoreFixture {
     }
 
     /// What came into the store is taken up by the screen.
-    void landed() { fake.tasks.advance(std::chrono::milliseconds(50)); }
+    void landed() { fake.tasks.advance(std::chrono::milliseconds(250)); }
 
     void ask(const char* question) { model.setQuestion(QString::fromUtf8(question)); }
     QStringList names() { return texts(model.rows(), "name"); }

@@ -273,6 +273,80 @@ TEST_F(Asking, marksTheWordsInNames) {
                              "<span class=\"mark\">&lt;b&gt;</span> &amp; more"));
 }
 
+TEST_F(Asking, showsMoreAnswersEachTimeTheirEndIsLookedAt) {
+    std::vector<FileItem> files;
+    for (int i = 0; i < 2'100; ++i) files.push_back(found("/a/invoice " + std::to_string(i), i));
+    setFiles(std::move(files));
+    ask("invoice");
+    EXPECT_EQ(model.rows()->rowCount(), 500);
+    EXPECT_TRUE(model.countText().startsWith(QStringLiteral("The newest 500 results ·")));
+    model.select(499);
+    QSignalSpy answered(&model, &AskModel::answered);
+    model.showMore();
+    model.showMore();
+    EXPECT_EQ(answered.size(), 0) << "from inside the list's own layout";
+    fake.tasks.advance(0ms);
+    EXPECT_EQ(model.rows()->rowCount(), 2'000);
+    EXPECT_TRUE(model.countText().startsWith(QStringLiteral("The newest 2,000 results ·")));
+    EXPECT_EQ(model.selectedRow(), 499);
+    EXPECT_EQ(selectedName(), QStringLiteral("invoice 499"));
+    model.showMore();
+    fake.tasks.advance(0ms);
+    EXPECT_EQ(model.rows()->rowCount(), 2'100);
+    EXPECT_TRUE(model.countText().startsWith(QStringLiteral("2,100 results ·")));
+    model.showMore();
+    fake.tasks.advance(0ms);
+    EXPECT_EQ(answered.size(), 2);
+}
+
+TEST_F(Asking, keepsAsManyAnswersAsWereShownUntilTheQuestionChanges) {
+    std::vector<FileItem> files;
+    for (int i = 0; i < 600; ++i) files.push_back(found("/a/invoice " + std::to_string(i), i));
+    setFiles(files);
+    ask("invoice");
+    model.showMore();
+    fake.tasks.advance(0ms);
+    files.push_back(found("/a/invoice new", 0));
+    setFiles(files);
+    EXPECT_EQ(model.rows()->rowCount(), 601);
+    ask("invoic");
+    EXPECT_EQ(model.rows()->rowCount(), 500);
+}
+
+TEST_F(Asking, growsNoAnswersToAQuestionThatIsNoLongerAsked) {
+    std::vector<FileItem> files;
+    for (int i = 0; i < 600; ++i) files.push_back(found("/a/invoice " + std::to_string(i), i));
+    setFiles(std::move(files));
+    ask("invoice");
+    model.showMore();
+    ask("invoic");
+    landed();
+    EXPECT_EQ(model.rows()->rowCount(), 500);
+}
+
+TEST_F(Asking, offersWhatCanBeDoneWithTheSelectedFile) {
+    setFiles({found("/a/invoice 1", 1), found("/a/invoice 2.pdf", 2)});
+    EXPECT_FALSE(model.menu()->any());
+    ask("invoice");
+    EXPECT_FALSE(model.menu()->canRename());
+    model.select(1);
+    ASSERT_EQ(model.menu()->files().size(), 1U);
+    EXPECT_EQ(model.menu()->files().front().url, FileUrl("/a/invoice 2.pdf"));
+    EXPECT_TRUE(model.menu()->canRename());
+    ask("nothing like it");
+    EXPECT_FALSE(model.menu()->any());
+}
+
+TEST_F(Asking, looksOnlyOnceWhenBegunFromAnotherScreen) {
+    store->section.set(AppSection::home);
+    QSignalSpy answered(&model, &AskModel::answered);
+    model.askFor("invoice");
+    EXPECT_EQ(answered.size(), 1);
+    store->section.set(AppSection::home);
+    store->section.set(AppSection::search);
+    EXPECT_EQ(answered.size(), 1) << "nothing has changed";
+}
+
 TEST_F(Asking, takesAnyQuestion) {
     for (const auto& question :
          {QString(1'000'000, u'x'), QString(100'000, u','),

@@ -6,6 +6,7 @@
 #include "ui/ask/AskRows.h"
 #include "ui/bridge/KindBadge.h"
 #include "ui/bridge/ShownText.h"
+#include "ui/bridge/TextInside.h"
 #include "ui/bridge/ThumbnailProvider.h"
 
 #include <QClipboard>
@@ -28,17 +29,6 @@ QString inParagraphs(const QString& markup) {
                           : QStringLiteral("<div class=\"marked\">%1</div>").arg(line);
     }
     return paragraphs;
-}
-
-/// Blank lines at the top would only take room.
-std::string_view fromFirstLetter(std::string_view text) {
-    const auto first = text.find_first_not_of(" \t\r\n\f");
-    return first == std::string_view::npos ? std::string_view() : text.substr(first);
-}
-
-SharedBytes textOf(const TextsByUrl& texts, const FileUrl& url) {
-    const auto text = texts.find(url);
-    return text == texts.end() ? SharedBytes() : text->second;
 }
 
 }  // namespace
@@ -83,7 +73,7 @@ void AnswerModel::look(std::optional<FileItem> file, const std::vector<std::stri
     file_ = std::move(file);
     now_ = now;
     emit changed();
-    readText(file_ ? textOf(store_.texts.get(), file_->url) : SharedBytes(), words);
+    readText(file_ ? textInside(store_.texts.get(), file_->url) : SharedBytes(), words);
 }
 
 void AnswerModel::open() {

@@ -94,6 +94,12 @@ Item {
         width: panel.x
         frame: answers.frame
         ask: answers.ask
+        menu: menu
+    }
+    FileMenuView {
+        id: menu
+
+        files: answers.ask.menu
     }
     IndexingCard {
         id: card

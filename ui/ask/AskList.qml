@@ -9,6 +9,7 @@ ListView {
 
     required property Frame frame
     required property AskModel ask
+    required property FileMenuView menu
 
     readonly property int rowHeight: frame.narrow ? 96 : 78
     readonly property int pageRows: Math.max(1, Math.floor(height / rowHeight) - 1)
@@ -46,6 +47,11 @@ ListView {
             inSight = ask.selectedRow >= 0 && y > -rowHeight && y < height
     }
 
+    function noteEnd() {
+        if (count > 0 && contentY + 3 * height > originY + contentHeight)
+            ask.showMore()
+    }
+
     function showSelected() {
         currentIndex = ask.selectedRow
         if (currentIndex >= 0)
@@ -62,6 +68,19 @@ ListView {
         pointed = true
         forceActiveFocus(Qt.MouseFocusReason)
         choose(row)
+    }
+
+    function pointMenu(row: Item, index: int, x: real, y: real) {
+        // The list may move under the pointer to show the whole row.
+        const at = row.mapToItem(list, x, y)
+        point(index)
+        menu.openAt(list, at.x, at.y)
+    }
+
+    function openMenu() {
+        showSelected()
+        if (currentItem)
+            menu.openBelow(currentItem)
     }
 
     function showBeginning() {
@@ -112,6 +131,10 @@ ListView {
         const row = ask.selectedRow
         // Home and End belong to the question while it is typed.
         const here = activeFocus
+        if (event.key === Qt.Key_F10 && event.modifiers === Qt.ShiftModifier) {
+            openMenu()
+            event.accepted = true
+        }
         if (event.modifiers & (Qt.ShiftModifier | Qt.ControlModifier | Qt.AltModifier))
             return
         if (event.key === Qt.Key_Down)
@@ -126,11 +149,20 @@ ListView {
             choose(0)
         else if (event.key === Qt.Key_End && here)
             choose(count - 1)
+        else if (event.key === Qt.Key_Delete && here)
+            trashSelected(event.isAutoRepeat)
         else if (event.key === Qt.Key_Return || event.key === Qt.Key_Enter)
             openSelected(event.isAutoRepeat)
+        else if (event.key === Qt.Key_Menu)
+            openMenu()
         else
             return
         event.accepted = true
+    }
+
+    function trashSelected(again: bool) {
+        if (!again)
+            ask.menu.moveToTrash()
     }
 
     function openSelected(again: bool) {
@@ -139,7 +171,10 @@ ListView {
     }
 
     Component.onCompleted: showSelected()
-    onContentYChanged: noteSight()
+    onContentYChanged: {
+        noteSight()
+        noteEnd()
+    }
     onHeightChanged: beginResize()
     onRowHeightChanged: beginResize()
     onActiveFocusChanged: if (!activeFocus) pointed = false
@@ -180,6 +215,7 @@ ListView {
         chosen: index === list.ask.selectedRow
         ring: chosen && list.activeFocus && !list.pointed
         onPointed: list.point(index)
+        onMenuAsked: (x, y) => list.pointMenu(this, index, x, y)
         onOpened: list.ask.selectedFile.open()
     }
 }

@@ -15,8 +15,12 @@ namespace {
 
 constexpr std::size_t mostFilters = 12;
 constexpr std::size_t longestWords = 80;
-/// Texts come in by the batch, a few milliseconds apart.
 constexpr std::chrono::milliseconds pause{50};
+/// Texts come in by the batch for many minutes, a few milliseconds apart.
+constexpr std::chrono::milliseconds pauseOfTexts{250};
+/// Many answers take longer, and hardly change by the few texts of a batch.
+constexpr std::chrono::milliseconds pauseOfMany{1'000};
+constexpr std::size_t many = 10'000;
 
 struct FilterGlyph {
     QString operator()(const QueryFilter::Exts&) const { return QStringLiteral("kind"); }
@@ -41,21 +45,25 @@ std::string joined(const std::vector<std::string>& words) {
 AskModel::AskModel(AppStore& store, const Platform& platform)
     : store_(store),
       platform_(platform),
-      rows_(platform.folders.home()),
+      rows_(platform.folders.home(),
+            [&store](const FileUrl& url, const std::vector<std::string>& words) {
+                return store.snippet(url, words);
+            }),
       filters_({{"glyph", [](const Filter& filter) { return filter.icon; }},
                 {"heading", [](const Filter& filter) { return filter.heading; }},
                 {"label", [](const Filter& filter) { return filter.label; }}}),
-      file_(store, platform) {
+      file_(store, platform),
+      menu_(store, platform, "Ask") {
     const auto watch = [this](auto& field, auto whenChanged) {
         subscriptions_.push_back(field.observe([this, whenChanged] { (this->*whenChanged)(); }));
     };
     watch(store.searchText, &AskModel::ask);
     watch(store.files, &AskModel::answerSoon);
-    watch(store.texts, &AskModel::answerSoon);
-    watch(store.lowerTexts, &AskModel::answerSoon);
-    watch(store.sources, &AskModel::answerSoon);
+    watch(store.texts, &AskModel::answerWithTexts);
+    watch(store.lowerTexts, &AskModel::answerWithTexts);
+    watch(store.sources, &AskModel::answerWithTexts);
     watch(store.section, &AskModel::answerWhenShown);
-    watch(store.phase, &AskModel::answerWhenShown);
+    watch(store.phase, &AskModel::becomeStale);
     ask();
     keepTrue();
 }
@@ -97,7 +105,7 @@ QString AskModel::wordsText() const {
 QString AskModel::countText() const {
     const auto count = static_cast<std::int64_t>(rows_.rowCount());
     QString text;
-    if (more_) {
+    if (rows_.areCut()) {
         text = QStringLiteral("The newest %1 results").arg(shownCount(count));
     } else {
         text = count == 1 ? QStringLiteral("1 result")
@@ -117,16 +125,11 @@ void AskModel::select(int row) {
     lookAt(std::clamp(row, 0, std::max(rows_.rowCount() - 1, 0)));
 }
 
-int AskModel::rowAfterReplacement(int row) const {
-    const int count = static_cast<int>(before_.size());
-    const auto found = [this](int one) {
-        return rows_.rowOf(before_[static_cast<std::size_t>(one)]);
-    };
-    for (int next = std::max(row, 0); next < count; ++next)
-        if (const int now = found(next); now >= 0) return now;
-    for (int previous = std::min(row, count) - 1; previous >= 0; --previous)
-        if (const int now = found(previous); now >= 0) return now;
-    return -1;
+void AskModel::showMore() {
+    const bool coming = limit_ > static_cast<std::size_t>(rows_.rowCount());
+    if (!rows_.areCut() || coming) return;
+    limit_ *= growth;
+    answerAfter({});
 }
 
 QString AskModel::marked(const QString& name, const QStringList& words) {
@@ -142,21 +145,18 @@ void AskModel::askFor(const QString& question) {
 
 void AskModel::ask() {
     selection_ = Selection::automatic;
-    answer();
+    limit_ = firstShown;
+    becomeStale();
     emit questionChanged();
 }
 
 void AskModel::answer() {
     soon_.reset();
+    stale_ = false;
     now_ = platform_.clock.now();
     query_ = QueryParser::parse(store_.searchText.get(), now_);
-    std::vector<AskResult> results = store_.ask(query_, mostShown + 1);
-    more_ = results.size() > mostShown;
-    if (more_) results.pop_back();
     emit aboutToAnswer();
-    before_.clear();
-    for (const AskResult& result : rows_.results()) before_.push_back(result.file.url);
-    rows_.setResults(std::move(results), query_.words, now_);
+    rows_.setFiles(store_.answers(query_, limit_ + 1), limit_, query_.words, now_);
     showFilters();
     const bool chosen = selection_ == Selection::chosen;
     lookAt(chosen ? std::max(rowAfterReplacement(selectedRow_), 0) : 0);
@@ -165,12 +165,25 @@ void AskModel::answer() {
 }
 
 void AskModel::answerSoon() {
-    if (!isShown() || soon_) return;
-    soon_ = platform_.tasks.after(pause, [this] { answer(); });
+    answerAfter(pause);
+}
+
+void AskModel::answerWithTexts() {
+    if (!soon_ || !isShown()) answerAfter(limit_ > many ? pauseOfMany : pauseOfTexts);
+}
+
+void AskModel::answerAfter(std::chrono::milliseconds delay) {
+    if (!isShown()) return becomeStale();
+    soon_ = platform_.tasks.after(delay, [this] { answer(); });
 }
 
 void AskModel::answerWhenShown() {
-    if (isShown()) answer();
+    if (isShown() && stale_) answer();
+}
+
+void AskModel::becomeStale() {
+    stale_ = true;
+    answerWhenShown();
 }
 
 void AskModel::showFilters() {
@@ -184,19 +197,20 @@ void AskModel::showFilters() {
 }
 
 void AskModel::lookAt(int row) {
-    const auto& results = rows_.results();
+    const auto& files = rows_.files();
     const auto position = static_cast<std::size_t>(row);
-    const bool there = position < results.size();
+    const bool there = position < files.size();
     selectedRow_ = there ? row : -1;
     if (!there) selection_ = Selection::automatic;
     // As of the answers, so that it tells the same age as the row.
-    file_.look(there ? std::optional(results[position].file) : std::nullopt, query_.words, now_);
+    file_.look(there ? std::optional(files[position]) : std::nullopt, query_.words, now_);
+    menu_.setFiles(there ? std::vector{files[position]} : std::vector<FileItem>());
     emit selected();
 }
 
 void AskModel::keepTrue() {
     nextMinute_ = platform_.tasks.after(std::chrono::minutes(1), [this] {
-        answerWhenShown();
+        becomeStale();
         keepTrue();
     });
 }

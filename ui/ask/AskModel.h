@@ -3,6 +3,7 @@
 
 #include "ui/ask/AnswerModel.h"
 #include "ui/ask/AskRows.h"
+#include "ui/bridge/FileMenu.h"
 #include "ui/bridge/ValueListModel.h"
 
 #include <memory>
@@ -35,10 +36,14 @@ class AskModel : public QObject {
     /// -1 without results.
     Q_PROPERTY(int selectedRow READ selectedRow NOTIFY selected)
     Q_PROPERTY(nookwise::AnswerModel* selectedFile READ selectedFile CONSTANT)
+    /// What can be done with the selected file.
+    Q_PROPERTY(nookwise::FileMenu* menu READ menu CONSTANT)
 
   public:
-    /// So many answers, the newest, are shown.
-    static constexpr std::size_t mostShown = 500;
+    /// So many answers, the newest, are shown at first, and so many times more each time that their
+    /// end is looked at.
+    static constexpr std::size_t firstShown = 500;
+    static constexpr std::size_t growth = 4;
 
     AskModel(AppStore& store, const Platform& platform);
 
@@ -56,13 +61,17 @@ class AskModel : public QObject {
     QAbstractListModel* rows() { return &rows_; }
     int selectedRow() const { return selectedRow_; }
     AnswerModel* selectedFile() { return &file_; }
+    FileMenu* menu() { return &menu_; }
 
     /// Takes the words that made the filter out of the question.
     Q_INVOKABLE void removeFilter(int row);
     /// Selects the row, or the nearest one there is.
     Q_INVOKABLE void select(int row);
+    /// Shows more answers in a moment, if there are more. May be called from inside a layout of the
+    /// list.
+    Q_INVOKABLE void showMore();
     /// Where a row of the answers before is now, or the nearest one that stayed; -1 if none did.
-    Q_INVOKABLE int rowAfterReplacement(int row) const;
+    Q_INVOKABLE int rowAfterReplacement(int row) const { return rows_.rowAfterReplacement(row); }
     /// A name, or a part of one, with the words marked, as markup.
     Q_INVOKABLE static QString marked(const QString& name, const QStringList& words);
     /// Asks from anywhere in the window.
@@ -94,7 +103,11 @@ class AskModel : public QObject {
     void answer();
     /// What is asked of has changed.
     void answerSoon();
+    void answerWithTexts();
+    void answerAfter(std::chrono::milliseconds delay);
     void answerWhenShown();
+    /// The answers are no longer those to the question.
+    void becomeStale();
     void showFilters();
     /// Looks at the row, or at nothing where there is no such row.
     void lookAt(int row);
@@ -104,16 +117,17 @@ class AskModel : public QObject {
     AppStore& store_;
     Platform platform_;
     ParsedQuery query_;
-    bool more_ = false;
+    std::size_t limit_ = firstShown;
+    /// Asked while nobody saw the answers.
+    bool stale_ = false;
     AskRows rows_;
     ValueListModel<Filter> filters_;
     AnswerModel file_;
+    FileMenu menu_;
     int selectedRow_ = -1;
     Selection selection_ = Selection::automatic;
     /// When the question was answered.
     Date now_{};
-    /// The files of the answers before.
-    std::vector<FileUrl> before_;
     std::unique_ptr<Tasks::Delay> soon_;
     std::unique_ptr<Tasks::Delay> nextMinute_;
     std::vector<Subscription> subscriptions_;

@@ -39,6 +39,16 @@ EmptyState {
                 }
             }
         }
+        Label {
+            anchors.horizontalCenter: parent.horizontalCenter
+            visible: text !== ""
+            look: Theme.small
+            color: Theme.ink3
+            text: noMatch.ask.moreFilters
+            Accessible.ignored: false
+            Accessible.role: Accessible.StaticText
+            Accessible.name: text
+        }
         HoneyNote {
             anchors.horizontalCenter: parent.horizontalCenter
             visible: noMatch.indexing.running

@@ -21,8 +21,11 @@ Rectangle {
     required property bool chosen
     required property bool ring
 
+    readonly property bool tipped: hover.hovered && metrics.elidedText !== name
+
     signal pointed
     signal opened
+    signal menuAsked(real x, real y)
 
     radius: Theme.radiusCard
     color: chosen ? Theme.wash : hover.hovered ? Theme.hover : Theme.paper
@@ -37,8 +40,19 @@ Rectangle {
 
     MouseArea {
         anchors.fill: parent
-        onClicked: row.pointed()
-        onDoubleClicked: row.opened()
+        acceptedButtons: Qt.LeftButton | Qt.RightButton
+        onPressed: mouse => {
+            if (mouse.button === Qt.RightButton)
+                row.menuAsked(mouse.x, mouse.y)
+        }
+        onClicked: mouse => {
+            if (mouse.button === Qt.LeftButton)
+                row.pointed()
+        }
+        onDoubleClicked: mouse => {
+            if (mouse.button === Qt.LeftButton)
+                row.opened()
+        }
     }
     HoverHandler {
         id: hover
@@ -152,7 +166,8 @@ Rectangle {
         visible: row.ring
     }
     Tip {
-        text: row.name
-        visible: hover.hovered && metrics.elidedText !== row.name
+        // Nothing is laid out for rows that only pass by.
+        text: row.tipped ? row.name : ""
+        visible: row.tipped
     }
 }

@@ -3,18 +3,18 @@
 #include "model/Fmt.h"
 #include "ui/ask/MarkedText.h"
 #include "ui/bridge/KindBadge.h"
-#include "ui/bridge/ReplacedRows.h"
 #include "ui/bridge/ShownText.h"
 #include "ui/bridge/ThumbnailProvider.h"
 
 #include <algorithm>
+#include <iterator>
 
 namespace nookwise {
 
 namespace {
 
-bool sameFile(const AskResult& a, const AskResult& b) {
-    return a.file.url == b.file.url;
+bool sameFile(const FileItem& a, const FileItem& b) {
+    return a.url == b.url;
 }
 
 /// Snippets are short, unless a letter of theirs has thousands of accents.
@@ -32,19 +32,18 @@ std::optional<Date> knownDate(const FileItem& file) {
 }
 
 int AskRows::rowCount(const QModelIndex& parent) const {
-    return parent.isValid() ? 0 : static_cast<int>(results_.size());
+    return parent.isValid() ? 0 : static_cast<int>(files_.size());
 }
 
 QVariant AskRows::data(const QModelIndex& index, int role) const {
     const auto row = static_cast<std::size_t>(index.row());
-    if (!index.isValid() || row >= results_.size()) return {};
-    const AskResult& result = results_[row];
-    const FileItem& file = result.file;
+    if (!index.isValid() || row >= files_.size()) return {};
+    const FileItem& file = files_[row];
     switch (role) {
         case name:
             return shownName(file.url.lastPathComponent());
         case snippet:
-            return markedSnippet(result);
+            return markedSnippet(file);
         case place:
             return shownFolderOf(file.url, home_);
         case size:
@@ -58,7 +57,7 @@ QVariant AskRows::data(const QModelIndex& index, int role) const {
         case picture:
             return thumbnailSource(file);
         case spoken:
-            return spokenText(result);
+            return spokenText(file);
         default:
             return {};
     }
@@ -70,40 +69,78 @@ QHash<int, QByteArray> AskRows::roleNames() const {
             {kindLabel, "kindLabel"}, {picture, "picture"}, {spoken, "spoken"}};
 }
 
-int AskRows::rowOf(const FileUrl& url) const {
-    const auto result = std::ranges::find(results_, url, [](const auto& r) { return r.file.url; });
-    return result == results_.end() ? -1 : static_cast<int>(result - results_.begin());
+int AskRows::rowAfterReplacement(int row) const {
+    const auto start = std::min(static_cast<std::size_t>(std::max(row, 0)), countBefore_);
+    for (std::size_t next = start; next < countBefore_; ++next)
+        if (const int now = rowNow(next); now >= 0) return now;
+    for (std::size_t previous = start; previous-- > 0;)
+        if (const int now = rowNow(previous); now >= 0) return now;
+    return -1;
 }
 
-void AskRows::setResults(std::vector<AskResult> results, std::vector<std::string> words, Date now) {
+void AskRows::setFiles(std::vector<FileItem> files, std::size_t most,
+                       std::vector<std::string> words, Date now) {
+    cut_ = files.size() > most;
+    if (cut_) files.resize(most);
     words_ = std::move(words);
     now_ = now;
-    const auto [first, removed, inserted] = replacedRows(results_, results, sameFile);
+    snippets_.clear();
+    countBefore_ = files_.size();
+    replaced_ = replacedRows(files_, files, sameFile);
+    replacedFiles_.clear();
+    freshRows_.reset();
+    const auto [first, removed, inserted] = replaced_;
     const auto from = static_cast<int>(first);
+    const auto gone = files_.begin() + distance(first);
+    std::transform(gone, gone + distance(removed), std::back_inserter(replacedFiles_),
+                   [](const FileItem& file) { return file.url; });
     if (removed > 0) {
         beginRemoveRows({}, from, from + static_cast<int>(removed) - 1);
-        const auto gone = results_.begin() + distance(first);
-        results_.erase(gone, gone + distance(removed));
+        files_.erase(gone, gone + distance(removed));
         endRemoveRows();
     }
+    const auto fresh = files.begin() + distance(first);
+    const auto after = fresh + distance(inserted);
     if (inserted > 0) {
         beginInsertRows({}, from, from + static_cast<int>(inserted) - 1);
-        const auto fresh = results.begin() + distance(first);
-        results_.insert(results_.begin() + distance(first), fresh, fresh + distance(inserted));
+        files_.insert(files_.begin() + distance(first), std::make_move_iterator(fresh),
+                      std::make_move_iterator(after));
         endInsertRows();
     }
-    results_ = std::move(results);
+    // The same files, of which something else may have changed.
+    std::move(files.begin(), fresh, files_.begin());
+    std::move(after, files.end(), files_.begin() + distance(first + inserted));
     if (rowCount() > 0) emit dataChanged(index(0), index(rowCount() - 1));
 }
 
-QString AskRows::markedSnippet(const AskResult& result) const {
-    if (!result.snippet) return {};
-    return markedText(beginning(*result.snippet, longestSnippet), words_).markup;
+int AskRows::rowNow(std::size_t rowBefore) const {
+    const auto [first, removed, inserted] = replaced_;
+    if (rowBefore < first) return static_cast<int>(rowBefore);
+    if (rowBefore >= first + removed) return static_cast<int>(rowBefore - removed + inserted);
+    if (!freshRows_) {
+        freshRows_.emplace();
+        for (std::size_t row = first; row < first + inserted; ++row)
+            freshRows_->emplace(files_[row].url, static_cast<int>(row));
+    }
+    const auto fresh = freshRows_->find(replacedFiles_[rowBefore - first]);
+    return fresh == freshRows_->end() ? -1 : fresh->second;
 }
 
-QString AskRows::spokenText(const AskResult& result) const {
-    return result.snippet ? shown(beginning(*result.snippet, longestSnippet))
-                          : spokenFolderOf(result.file.url, home_);
+const std::optional<std::string>& AskRows::snippetOf(const FileItem& file) const {
+    const auto [place, isNew] = snippets_.try_emplace(file.url);
+    if (isNew) place->second = makeSnippet_(file.url, words_);
+    return place->second;
+}
+
+QString AskRows::markedSnippet(const FileItem& file) const {
+    const auto& snippet = snippetOf(file);
+    if (!snippet) return {};
+    return markedText(beginning(*snippet, longestSnippet), words_).markup;
+}
+
+QString AskRows::spokenText(const FileItem& file) const {
+    const auto& snippet = snippetOf(file);
+    return snippet ? shown(beginning(*snippet, longestSnippet)) : spokenFolderOf(file.url, home_);
 }
 
 }  // namespace nookwise

@@ -2,11 +2,14 @@
 #pragma once
 
 #include "platform/Date.h"
-#include "search/Ask.h"
+#include "model/FileItem.h"
+#include "ui/bridge/ReplacedRows.h"
 
 #include <QAbstractListModel>
+#include <functional>
 #include <optional>
 #include <string>
+#include <unordered_map>
 #include <vector>
 
 namespace nookwise {
@@ -18,17 +21,26 @@ std::optional<Date> knownDate(const FileItem& file);
 /// kindLabel, picture, spoken (the snippet or the place).
 class AskRows : public QAbstractListModel {
   public:
-    explicit AskRows(FileUrl home) : home_(std::move(home)) {}
+    /// The piece of a file's text to show around the words.
+    using Snippet = std::function<std::optional<std::string>(
+        const FileUrl& url, const std::vector<std::string>& words)>;
+
+    AskRows(FileUrl home, Snippet snippet)
+        : home_(std::move(home)), makeSnippet_(std::move(snippet)) {}
 
     int rowCount(const QModelIndex& parent = {}) const override;
     QVariant data(const QModelIndex& index, int role) const override;
     QHash<int, QByteArray> roleNames() const override;
 
-    const std::vector<AskResult>& results() const { return results_; }
-    /// The row of a file, or -1.
-    int rowOf(const FileUrl& url) const;
-    /// Rows of the same files in the same place stay, so that a list that grows keeps its place.
-    void setResults(std::vector<AskResult> results, std::vector<std::string> words, Date now);
+    const std::vector<FileItem>& files() const { return files_; }
+    /// There are more files than rows.
+    bool areCut() const { return cut_; }
+    /// Where a row of the results before is now, or the nearest one that stayed; -1 if none did.
+    int rowAfterReplacement(int row) const;
+    /// The first `most` files. Rows of the same files in the same place stay, so that a list that
+    /// grows keeps its place.
+    void setFiles(std::vector<FileItem> files, std::size_t most, std::vector<std::string> words,
+                  Date now);
 
   private:
     enum Role {
@@ -43,11 +55,25 @@ class AskRows : public QAbstractListModel {
         spoken
     };
 
-    QString markedSnippet(const AskResult& result) const;
-    QString spokenText(const AskResult& result) const;
+    /// -1 for a row of the results before that is gone.
+    int rowNow(std::size_t rowBefore) const;
+    /// Made when a row is first looked at.
+    const std::optional<std::string>& snippetOf(const FileItem& file) const;
+    QString markedSnippet(const FileItem& file) const;
+    QString spokenText(const FileItem& file) const;
 
     FileUrl home_;
-    std::vector<AskResult> results_;
+    Snippet makeSnippet_;
+    std::vector<FileItem> files_;
+    /// Of the rows that were looked at since the files were set.
+    mutable std::unordered_map<FileUrl, std::optional<std::string>> snippets_;
+    bool cut_ = false;
+    /// How the results came to be from those before, and the files that were in the replaced rows.
+    ReplacedRows replaced_;
+    std::vector<FileUrl> replacedFiles_;
+    std::size_t countBefore_ = 0;
+    /// The rows that took their place; made when it is looked into.
+    mutable std::optional<std::unordered_map<FileUrl, int>> freshRows_;
     std::vector<std::string> words_;
     Date now_{};
 };

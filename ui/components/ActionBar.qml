@@ -8,6 +8,8 @@ Rectangle {
     required property Frame frame
     required property string sentence
     required property string caption
+    // Of a sentence that is only a note.
+    property string glyph: ""
     // The primary one last.
     default property alias buttons: row.data
     readonly property bool holdsFocus: Array.from(row.children).some(button => button.activeFocus)
@@ -29,15 +31,26 @@ Rectangle {
         height: Theme.hairline
         color: Theme.line
     }
-    Column {
+    Icon {
+        id: icon
+
         anchors.verticalCenter: parent.verticalCenter
         x: bar.frame.margin
-        width: bar.frame.column - (row.width > 0 ? row.width + Theme.space4 : 0)
+        visible: bar.glyph !== ""
+        glyph: bar.glyph === "" ? "check" : bar.glyph
+        size: 18
+    }
+    Column {
+        anchors.verticalCenter: parent.verticalCenter
+        x: bar.frame.margin + (icon.visible ? icon.width + Theme.space2 : 0)
+        width: bar.frame.margin + bar.frame.column - x - (row.width > 0 ? row.width + Theme.space4 : 0)
         spacing: Theme.space1 / 2
 
         Label {
             width: parent.width
-            weight: Font.Medium
+            look: icon.visible ? Theme.small : Theme.body
+            weight: icon.visible ? Font.Normal : Font.Medium
+            color: icon.visible ? Theme.ink2 : Theme.ink
             text: bar.sentence
             elide: Text.ElideRight
         }
@@ -55,6 +68,6 @@ Rectangle {
 
         anchors.verticalCenter: parent.verticalCenter
         x: bar.frame.margin + bar.frame.column - width
-        spacing: Theme.space2
+        spacing: Theme.space4
     }
 }

@@ -8,16 +8,19 @@ Shape {
 
     required property color color
     property real radius: Theme.radiusCheck
+    property int lineWidth: Theme.hairline
+    // A dash and a gap, in widths of the line.
+    property var dashes: [3, 3]
 
-    readonly property real near: 0.5
-    readonly property real farX: width - 0.5
-    readonly property real farY: height - 0.5
+    readonly property real near: lineWidth / 2
+    readonly property real farX: width - near
+    readonly property real farY: height - near
 
     ShapePath {
         strokeColor: outline.color
-        strokeWidth: 1
+        strokeWidth: outline.lineWidth
         strokeStyle: ShapePath.DashLine
-        dashPattern: [3, 3]
+        dashPattern: outline.dashes
         fillColor: "transparent"
         startX: outline.near + outline.radius
         startY: outline.near

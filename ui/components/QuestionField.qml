@@ -39,6 +39,8 @@ T.TextField {
     }
 
     implicitHeight: 44
+    // Nobody asks more, and every letter of it is laid out anew with each key.
+    maximumLength: 2000
     leftPadding: 47
     rightPadding: 52
     verticalAlignment: TextInput.AlignVCenter
@@ -62,7 +64,8 @@ T.TextField {
             glyph: "ask"
         }
         Row {
-            x: field.leftPadding + 5
+            // Clear of the cursor.
+            x: field.leftPadding + (field.activeFocus ? 5 : 0)
             anchors.verticalCenter: parent.verticalCenter
             visible: field.blank
             spacing: Theme.space1

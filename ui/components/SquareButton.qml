@@ -7,6 +7,7 @@ PressButton {
 
     required property string glyph
     property int size: 40
+    property color inkColor: enabled ? Theme.ink : Theme.disabledText
 
     implicitWidth: size
     implicitHeight: size
@@ -15,14 +16,14 @@ PressButton {
     Rectangle {
         anchors.fill: parent
         radius: Theme.radiusButton
-        color: button.down ? Theme.hoverSidebar : button.hovered ? Theme.hover : Theme.card
+        color: !button.enabled ? Theme.disabledFill : button.down ? Theme.hoverSidebar : button.hovered ? Theme.hover : Theme.card
         border.width: Theme.hairline
-        border.color: Theme.lineStrong
+        border.color: button.enabled ? Theme.lineStrong : Theme.disabledLine
 
         Icon {
             anchors.centerIn: parent
             glyph: button.glyph
-            color: Theme.ink
+            color: button.inkColor
         }
         FocusRing {
             visible: button.visualFocus

@@ -32,6 +32,8 @@ Item {
         spacing: 2
 
         Row {
+            // The letters are higher than their line.
+            height: headline.look.line
             spacing: Theme.space2
 
             Label {
@@ -57,7 +59,7 @@ Item {
             elide: Text.ElideRight
             text: {
                 if (headline.scan.first)
-                    return "Everything is read on this Mac."
+                    return "Everything is read on this Mac. You can already ask for a file."
                 return headline.scan.scanning ? headline.scan.step : headline.home.sentence
             }
             Accessible.ignored: false

@@ -22,6 +22,12 @@ ContentScreen {
             headline.takeFocus(reason)
     }
 
+    // Goes on where questions are answered, once nothing is being composed that would be lost.
+    function askTyped() {
+        if (field.text !== "" && field.preeditText === "")
+            ask.askFor(field.text)
+    }
+
     // Letters begin a question.
     Keys.onPressed: event => {
         const modified = event.modifiers & (Qt.ControlModifier | Qt.AltModifier | Qt.MetaModifier)
@@ -34,6 +40,22 @@ ContentScreen {
     // What had the focus while there was nothing else hands it on.
     onFirstScanChanged: if (page.activeFocus) takeFocus(Qt.OtherFocusReason)
 
+    QuestionField {
+        id: field
+
+        x: screen.frame.margin
+        y: Theme.space5 - page.contentY
+        z: 1
+        width: screen.frame.column - 96
+        prompt: "Ask for any file —"
+        example: "“pdfs from gmail last month”, “wifi password”"
+        keyCap: "Ctrl F"
+        onActiveFocusChanged: if (activeFocus) page.contentY = 0
+        onTextEdited: screen.askTyped()
+        onPreeditTextChanged: screen.askTyped()
+        onCleared: clear()
+        Keys.onDownPressed: screen.takeFocus(Qt.TabFocusReason)
+    }
     Flickable {
         id: page
 
@@ -49,7 +71,7 @@ ContentScreen {
             id: column
 
             x: screen.frame.margin
-            y: 44
+            y: screen.frame.narrow ? 84 : 92
             width: screen.frame.column
             spacing: screen.gap
 

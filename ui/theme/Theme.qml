@@ -10,6 +10,7 @@ QtObject {
     readonly property color card: "#FFFFFF"
     readonly property color sunken: "#F3F0E9"
     readonly property color hover: "#F7F4EE"
+    readonly property color leftOut: "#F9F6F0"
     readonly property color hoverSidebar: "#ECE7DD"
     readonly property color line: "#E8E3DA"
     readonly property color lineStrong: "#D5CEC2"
@@ -24,6 +25,8 @@ QtObject {
     readonly property color accentInk: "#FFFFFF"
     readonly property color accentPale: "#9CC7B8"
     readonly property color wash: "#E4F0EB"
+    // What files may be dropped on.
+    readonly property color washPale: "#EDF5F1"
     readonly property color honey: "#F6C65C"
     readonly property color honeyWash: "#FCEFC9"
     readonly property color honeyText: "#664708"

@@ -1,6 +1,7 @@
 #include "ui/window/Application.h"
 
 #include "ui/bridge/ThumbnailProvider.h"
+#include "ui/window/EndTransfer.h"
 #include "ui/window/HeldWindow.h"
 #include "ui/window/ViewModels.h"
 #include "ui/window/WindowMemory.h"
@@ -70,7 +71,9 @@ int Application::run(const Platform& platform) {
     const WindowMemory memory(window, models.sidebar, platform.defaults);
     window_ = &window;
     window.show();
-    return QGuiApplication::exec();
+    const int status = QGuiApplication::exec();
+    endTransfer(*store);
+    return status;
 }
 
 void Application::showWindow() {

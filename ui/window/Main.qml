@@ -17,10 +17,13 @@ Window {
     required property SweepModel sweep
     required property DuplicatesModel duplicates
     required property ActivityModel activity
+    required property RenameModel rename
+    required property SplitModel split
     required property ClearedModel cleared
     required property TrashSheetModel trashSheet
     required property ToastModel toast
     required property BusyModel busy
+    required property TransferModel transfer
 
     readonly property Frame frame: Frame {
         width: window.width
@@ -40,6 +43,13 @@ Window {
             frame: frame,
             piles: piles,
             scan: scan
+        }
+        if (rename.open) {
+            screens.setSource("../rename/RenameScreen.qml", {
+                frame: frame,
+                rename: rename
+            })
+            return
         }
         switch (sidebar.section) {
         case "ask":
@@ -61,6 +71,12 @@ Window {
                 duplicates: duplicates
             }))
             break
+        case "split":
+            screens.setSource("../split/SplitScreen.qml", {
+                frame: frame,
+                split: split
+            })
+            break
         case "activity":
             screens.setSource("../activity/ActivityScreen.qml", {
                 frame: frame,
@@ -81,17 +97,19 @@ Window {
         (screens.item as ContentScreen)?.takeFocus(reason)
     }
 
-    // From the sidebar to the content, its action bar, the toast, and round again.
+    // From the sidebar to the content, its action bar, the toast, the transfer, and round again.
     function cycleFocus() {
         const bar = (screens.item as ContentScreen)?.bar ?? null
         if (sections.holdsFocus())
             return focusContent(Qt.TabFocusReason)
-        if (!notice.activeFocus) {
+        if (!notice.activeFocus && !transferred.holdsFocus) {
             if (bar && !bar.holdsFocus && bar.takeFocus())
                 return
             if (toast.shown)
                 return notice.takeFocus()
         }
+        if (transferred.visible && !transferred.holdsFocus)
+            return transferred.takeFocus()
         sections.takeFocus()
     }
 
@@ -145,6 +163,13 @@ Window {
             }
         }
     }
+    Item {
+        anchors.fill: screens
+
+        PressGuard {
+            id: changed
+        }
+    }
     ToastView {
         id: notice
 
@@ -153,6 +178,15 @@ Window {
         x: Math.round(screens.x + (screens.width - width) / 2)
         y: parent.height - foot - Theme.space6 - height + rise
         toast: window.toast
+        room: window.frame.column
+        onFocusLeft: screens.forceActiveFocus(Qt.OtherFocusReason)
+    }
+    TransferCard {
+        id: transferred
+
+        x: Math.round(screens.x + (screens.width - width) / 2)
+        y: (window.toast.shown ? notice.y - Theme.space2 : notice.y + notice.height) - height
+        transfer: window.transfer
         room: window.frame.column
         onFocusLeft: screens.forceActiveFocus(Qt.OtherFocusReason)
     }
@@ -220,6 +254,19 @@ Window {
         target: window.sidebar
 
         function onSectionChanged() {
+            // Which shows the section.
+            if (window.rename.open)
+                window.rename.cancel()
+            else
+                window.showSection()
+        }
+    }
+
+    Connections {
+        target: window.rename
+
+        function onOpenChanged() {
+            changed.start()
             window.showSection()
         }
     }

@@ -38,6 +38,7 @@ const std::array entries{
                  "Ctrl+4", duplicatesCount},
     SectionEntry{AppSection::activity, "activity", "Activity", "activity", "Clean up", "Ctrl+5",
                  noCount},
+    SectionEntry{AppSection::split, "split", "Split view", "split", "Folders", "Ctrl+\\", noCount},
 };
 
 }  // namespace
@@ -71,6 +72,8 @@ void SidebarModel::open(const QString& key) {
     for (const SectionEntry& entry : entries) {
         if (key == QLatin1StringView(entry.key)) store_.section.set(entry.section);
     }
+    // They lie over the section, which may be the one that is shown already.
+    store_.renameFiles.set(std::nullopt);
 }
 
 void SidebarModel::openRow(int row) {

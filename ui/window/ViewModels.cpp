@@ -17,9 +17,12 @@ ViewModels::ViewModels(std::shared_ptr<AppStore> store, const Platform& platform
       cleared(*store_, piles),
       duplicates(*store_, platform.clock, platform.folders.home(), piles),
       activity(*store_, platform),
+      rename(*store_),
+      split(store_, platform),
       trashSheet(*store_),
       toast(*store_),
-      busy(*store_) {}
+      busy(*store_),
+      transfer(*store_) {}
 
 QVariantMap ViewModels::properties() {
     return {{"scan", QVariant::fromValue(&scan)},
@@ -33,9 +36,12 @@ QVariantMap ViewModels::properties() {
             {"cleared", QVariant::fromValue(&cleared)},
             {"duplicates", QVariant::fromValue(&duplicates)},
             {"activity", QVariant::fromValue(&activity)},
+            {"rename", QVariant::fromValue(&rename)},
+            {"split", QVariant::fromValue(&split)},
             {"trashSheet", QVariant::fromValue(&trashSheet)},
             {"toast", QVariant::fromValue(&toast)},
-            {"busy", QVariant::fromValue(&busy)}};
+            {"busy", QVariant::fromValue(&busy)},
+            {"transfer", QVariant::fromValue(&transfer)}};
 }
 
 }  // namespace nookwise

@@ -11,8 +11,11 @@
 #include "ui/bridge/ScanModel.h"
 #include "ui/duplicates/DuplicatesModel.h"
 #include "ui/home/HomeModel.h"
+#include "ui/rename/RenameModel.h"
+#include "ui/split/SplitModel.h"
 #include "ui/sweep/ClearedModel.h"
 #include "ui/sweep/SweepModel.h"
+#include "ui/transfer/TransferModel.h"
 #include "ui/trash/BusyModel.h"
 #include "ui/trash/ToastModel.h"
 #include "ui/trash/TrashSheetModel.h"
@@ -46,9 +49,12 @@ class ViewModels {
     ClearedModel cleared;
     DuplicatesModel duplicates;
     ActivityModel activity;
+    RenameModel rename;
+    SplitModel split;
     TrashSheetModel trashSheet;
     ToastModel toast;
     BusyModel busy;
+    TransferModel transfer;
 };
 
 }  // namespace nookwise

@@ -4,6 +4,7 @@
 #include "ui/bridge/ThumbnailProvider.h"
 
 #include <QClipboard>
+#include <QDropEvent>
 #include <QGuiApplication>
 #include <QKeyEvent>
 #include <QQmlComponent>
@@ -53,6 +54,12 @@ void Bench::holdKey(int key) {
 void Bench::repeatKey(int key) {
     sendKey(QEvent::KeyRelease, key, true);
     sendKey(QEvent::KeyPress, key, true);
+}
+
+void Bench::compose(const QString& composing, const QString& done) {
+    QInputMethodEvent event(composing, {});
+    event.setCommitString(done);
+    QCoreApplication::sendEvent(window_->focusObject(), &event);
 }
 
 void Bench::setDoubleClickInterval(int interval) {
@@ -122,6 +129,52 @@ void Bench::fillAnswers() {
                                      "Invoice total 1,240.00, due within thirty days.");
 }
 
+void Bench::fillFolders() {
+    addFile("/home/user/Downloads/Fernhill/plan.pdf", 1, 1);
+    addFile("/home/user/Downloads/Invoice 2207.pdf", 2, 1);
+    addFile("/home/user/Downloads/lighting.json", 3, 2);
+    addFile("/home/user/Downloads/workshop.zip", 52, 3);
+    addFile("/home/user/Documents/Glazes/celadon.txt", 1, 1);
+    addFile("/home/user/Documents/Seed list.rtf", 1, 4);
+}
+
+void Bench::fillFolder(const QString& path, int files) {
+    for (int i = 0; i < files; ++i)
+        addFile(path.toStdString() + "/page " + std::to_string(1'000 + i) + ".txt", 1, 1 + i);
+}
+
+void Bench::makeFile(const QString& path) {
+    addFile(path.toStdString(), 1, 0);
+}
+
+void Bench::removeFile(const QString& path) {
+    application_->fake.files.remove(path.toStdString());
+}
+
+void Bench::openRename() {
+    application_->store->renameFiles.set(
+        std::vector{addToRename("scan-0091.pdf", QStringLiteral("Fernhill Garden Trust")),
+                    addToRename("scan-0092.pdf", QStringLiteral("Fernhill Garden Trust")),
+                    addToRename("IMG_4471.heic", QString()),
+                    addToRename("map.png", QStringLiteral("Harbour road"))});
+}
+
+void Bench::openRenameOfMany(int count) {
+    std::vector<FileItem> files;
+    for (int number = 0; number < count; ++number) {
+        files.push_back(addToRename("scan " + std::to_string(number) + ".pdf",
+                                    QStringLiteral("Letter %1").arg(number)));
+    }
+    application_->store->renameFiles.set(std::move(files));
+}
+
+FileItem Bench::addToRename(const std::string& name, const QString& text) {
+    const auto url = FileUrl("/home/user/Downloads").append(name);
+    addFile(url.path(), 1, 0);
+    if (!text.isEmpty()) setText(QString::fromStdString(std::string(url.path())), text);
+    return {.url = url, .size = megabyte, .added = application_->fake.clock.now()};
+}
+
 void Bench::setText(const QString& path, const QString& text) {
     const FileUrl url(path.toStdString());
     const std::string bytes = text.toStdString();
@@ -155,6 +208,10 @@ void Bench::loseFiles() {
 void Bench::passMinutes(int minutes) {
     application_->fake.clock.set(application_->fake.clock.now() + std::chrono::minutes(minutes));
     application_->fake.tasks.advance(std::chrono::minutes(minutes));
+}
+
+void Bench::passMoment() {
+    application_->fake.tasks.advance(std::chrono::milliseconds(50));
 }
 
 void Bench::setIndexing(int done, int total) {
@@ -233,6 +290,61 @@ void Bench::setBusy(int done, int total) {
 void Bench::startMoving() {
     application_->store->transferring.set(true);
     application_->store->toast.set(Toast{Uuid::random(), "Moving 3 files…", std::nullopt});
+}
+
+bool Bench::dragOver(double x, double y, const QString& list, int keys) {
+    if (!dragged_) dragged_ = std::make_unique<Dragged>(Dragged{.data = std::make_unique<QMimeData>()});
+    dragged_->data->setData(QStringLiteral("text/uri-list"), list.toUtf8());
+    return dragTo({x, y}, keys);
+}
+
+bool Bench::dragOwnOver(double x, double y, const QString& list, int keys) {
+    if (!dragged_) {
+        auto files = filesIn(list.toUtf8());
+        dragged_ = std::make_unique<Dragged>(
+            Dragged{.data = std::make_unique<FileListMime>(std::move(files))});
+    }
+    return dragTo({x, y}, keys);
+}
+
+bool Bench::dragTo(const QPointF& at, int keys) {
+    constexpr Qt::DropActions actions = Qt::CopyAction | Qt::MoveAction;
+    dragged_->at = at;
+    dragged_->keys = Qt::KeyboardModifiers(keys);
+    if (!std::exchange(dragged_->entered, true)) {
+        QDragEnterEvent enter(at.toPoint(), actions, dragged_->data.get(), Qt::LeftButton,
+                              dragged_->keys);
+        QCoreApplication::sendEvent(window_.get(), &enter);
+    }
+    QDragMoveEvent move(at.toPoint(), actions, dragged_->data.get(), Qt::LeftButton,
+                        dragged_->keys);
+    QCoreApplication::sendEvent(window_.get(), &move);
+    return move.isAccepted();
+}
+
+bool Bench::dropDragged() {
+    QDropEvent drop(dragged_->at, Qt::CopyAction | Qt::MoveAction, dragged_->data.get(),
+                    Qt::LeftButton, dragged_->keys);
+    QCoreApplication::sendEvent(window_.get(), &drop);
+    dragged_.reset();
+    return drop.isAccepted();
+}
+
+void Bench::dragAway() {
+    QDragLeaveEvent leave;
+    QCoreApplication::sendEvent(window_.get(), &leave);
+    dragged_.reset();
+}
+
+void Bench::setMoved(int done, int total, double gigabytesDone, double gigabytesTotal) {
+    constexpr double gigabyte = 1e9;
+    auto& progress = application_->store->transferProgress;
+    if (total == 0) return progress.set(std::nullopt);
+    progress.set(TransferProgress{
+        static_cast<std::size_t>(done), static_cast<std::size_t>(total),
+        static_cast<std::int64_t>(gigabytesDone * gigabyte),
+        gigabytesTotal > 0 ? std::optional(static_cast<std::int64_t>(gigabytesTotal * gigabyte))
+                           : std::nullopt});
 }
 
 bool Bench::scanning() {

@@ -4,6 +4,7 @@
 #include "tests/support/FakePlatform.h"
 #include "ui/window/ViewModels.h"
 
+#include <QMimeData>
 #include <QQmlEngine>
 #include <QQuickWindow>
 
@@ -25,6 +26,9 @@ class Bench : public QObject {
     Q_INVOKABLE void holdKey(int key);
     /// What a key sends that was pressed before, and is still held.
     Q_INVOKABLE void repeatKey(int key);
+    /// What an input method sends to what has the focus: text that is still being composed, and
+    /// text that is done.
+    Q_INVOKABLE void compose(const QString& composing, const QString& done);
     /// How long after a press another one makes a double click, in milliseconds. Every window opens
     /// with 0, so that no press of a test passes for a second one.
     Q_INVOKABLE void setDoubleClickInterval(int interval);
@@ -40,6 +44,17 @@ class Bench : public QObject {
     /// Invoices and other files, some with text inside, of several ages. To be called before a
     /// scan.
     Q_INVOKABLE void fillAnswers();
+    /// Files and folders on both sides of the split view.
+    Q_INVOKABLE void fillFolders();
+    /// So many files in one folder, "page 1000.txt" and so on.
+    Q_INVOKABLE void fillFolder(const QString& path, int files);
+    /// A file is made, or goes, behind the application's back.
+    Q_INVOKABLE void makeFile(const QString& path);
+    Q_INVOKABLE void removeFile(const QString& path);
+    /// The rename screen, on four files of which one has no text and two have the same.
+    Q_INVOKABLE void openRename();
+    /// The same on many files, "scan N.pdf", that each say "Letter N".
+    Q_INVOKABLE void openRenameOfMany(int count);
     /// What is read inside a file, beside what a scan has found.
     Q_INVOKABLE void setText(const QString& path, const QString& text);
     /// A file that was added just now comes beside what a scan has found.
@@ -47,6 +62,8 @@ class Bench : public QObject {
     /// Nothing is left of what a scan has found.
     Q_INVOKABLE void loseFiles();
     Q_INVOKABLE void passMinutes(int minutes);
+    /// What waits for a moment of rest is done.
+    Q_INVOKABLE void passMoment();
     /// So many files' texts are read, or none are under way when `total` is 0.
     Q_INVOKABLE void setIndexing(int done, int total);
     Q_INVOKABLE void runScan();
@@ -73,6 +90,15 @@ class Bench : public QObject {
     Q_INVOKABLE void setBusy(int done, int total);
     /// Files are on their way to another folder.
     Q_INVOKABLE void startMoving();
+    /// They are that far, or none are under way any more when `total` is 0.
+    Q_INVOKABLE void setMoved(int done, int total, double gigabytesDone, double gigabytesTotal);
+    /// Another program drags files over the window, by their addresses. Whether it takes them.
+    Q_INVOKABLE bool dragOver(double x, double y, const QString& list, int keys);
+    /// The same for files that are dragged out of the window itself.
+    Q_INVOKABLE bool dragOwnOver(double x, double y, const QString& list, int keys);
+    /// They are let go where they were dragged last.
+    Q_INVOKABLE bool dropDragged();
+    Q_INVOKABLE void dragAway();
 
   signals:
     void windowChanged();
@@ -84,13 +110,24 @@ class Bench : public QObject {
         ViewModels models{store, fake.platform()};
     };
 
+    bool dragTo(const QPointF& at, int keys);
     void sendKey(QEvent::Type type, int key, bool repeated);
     void addFile(std::string_view path, std::int64_t megabytes, double daysOld);
     void addCopy(std::string_view path, double daysOld);
+    FileItem addToRename(const std::string& name, const QString& text);
+
+    /// Files that are dragged over the window.
+    struct Dragged {
+        std::unique_ptr<QMimeData> data;
+        QPointF at{};
+        Qt::KeyboardModifiers keys{};
+        bool entered = false;
+    };
 
     QQmlEngine& engine_;
     std::unique_ptr<Application> application_;
     std::unique_ptr<QQuickWindow> window_;
+    std::unique_ptr<Dragged> dragged_;
 };
 
 }  // namespace nookwise

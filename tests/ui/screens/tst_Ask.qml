@@ -364,6 +364,15 @@ ScreenTest {
         verify(bench.question() !== "invoice")
     }
 
+    function test_takesNoMoreOfAQuestionThanCanBeLaidOut() {
+        openAsk()
+        field().insert(0, "חשבונית ".repeat(100000))
+        field().textEdited()
+        compare(field().length, 2000)
+        compare(bench.question().length, 2000)
+        verifyText("No match — but we’re close")
+    }
+
     function test_namesAreNeverReadAsMarkup() {
         askFor("invoice")
         const label = search(answer(notes), item => item.markup !== undefined)

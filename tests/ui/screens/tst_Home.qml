@@ -4,6 +4,149 @@ import QtTest
 ScreenTest {
     name: "Home"
 
+    readonly property string prompt: "Ask for any file — “pdfs from gmail last month”, “wifi password”"
+    readonly property string askPrompt: "Ask for a file — “pdfs from gmail last month”"
+
+    function focusName() {
+        return window.activeFocusItem?.Accessible.name ?? ""
+    }
+
+    function askField() {
+        return search(window.contentItem, item => item.cursorPosition !== undefined && item.Accessible.name === askPrompt)
+    }
+
+    function verifyAsked(text) {
+        compare(bench.section(), "ask")
+        compare(bench.question(), text)
+        compare(focusName(), askPrompt)
+        compare(askField().text, text)
+        compare(askField().cursorPosition, text.length)
+    }
+
+    function test_hasTheQuestionAtItsTop_data() {
+        return [
+            { tag: "wide", width: 1200, height: 760, x: 272, room: 792, cards: 178 },
+            { tag: "narrow", width: 960, height: 640, x: 228, room: 608, cards: 158 }
+        ]
+    }
+
+    function test_hasTheQuestionAtItsTop(data) {
+        openWindow(data.width, data.height)
+        bench.fillHome()
+        bench.runScan()
+        waitForRendering(window.contentItem)
+        verifyText("Ask for any file —")
+        verifyText("“pdfs from gmail last month”, “wifi password”")
+        verifyText("Ctrl F")
+        const field = named(prompt)
+        const place = field.mapToItem(window.contentItem, 0, 0)
+        compare(place.x, data.x)
+        compare(place.y, 20)
+        compare(field.height, 44)
+        compare(field.width, data.room)
+        const card = named("Large files, 700 MB, over 500 MB each")
+        compare(card.mapToItem(window.contentItem, 0, 0).y, data.cards)
+    }
+
+    function test_aQuestionGoesOnWhereItIsAnswered() {
+        openWindow()
+        bench.fillHome()
+        bench.runScan()
+        mouseClick(named(prompt))
+        compare(focusName(), prompt)
+        compare(bench.section(), "home")
+        for (const letter of "harb")
+            keyClick(letter)
+        verifyAsked("harb")
+        verifyText("harbour.mov")
+    }
+
+    function test_canBeAskedDuringTheFirstScan() {
+        openWindow()
+        bench.report("Documents", 4812, 0.4, "Reading Documents")
+        verifyText("Everything is read on this Mac. You can already ask for a file.")
+        mouseClick(named(prompt))
+        keyClick("w")
+        keyClick("i")
+        verifyAsked("wi")
+        verifyText("Still reading your folders…")
+    }
+
+    function test_whatIsBeingComposedIsNotLost() {
+        openWindow()
+        bench.runScan()
+        mouseClick(named(prompt))
+        bench.compose("ni", "")
+        bench.compose("ni hao", "")
+        compare(bench.section(), "home")
+        compare(focusName(), prompt)
+        verifyNoText("Ask for any file —")
+        bench.compose("", "你好")
+        verifyAsked("你好")
+    }
+
+    function test_composingGoesOnUntilAllIsDone() {
+        openWindow()
+        bench.runScan()
+        mouseClick(named(prompt))
+        bench.compose("ㄴ", "아")
+        compare(bench.section(), "home")
+        bench.compose("", "니")
+        verifyAsked("아니")
+    }
+
+    function test_whatIsPastedIsAsked() {
+        openWindow()
+        bench.fillHome()
+        bench.runScan()
+        mouseClick(named(prompt))
+        window.activeFocusItem.insert(0, "harbour")
+        window.activeFocusItem.textEdited()
+        verifyAsked("harbour")
+    }
+
+    function test_takesTheFocusInOrder() {
+        openWindow()
+        bench.fillHome()
+        bench.runScan()
+        verify(named("Review the piles").activeFocus)
+        keyClick(Qt.Key_Tab, Qt.ShiftModifier)
+        compare(focusName(), prompt)
+        keyClick(Qt.Key_Tab)
+        verify(named("Review the piles").activeFocus)
+        mouseClick(named(prompt))
+        keyClick(Qt.Key_Down)
+        verify(named("Review the piles").activeFocus)
+    }
+
+    function test_comesBackIntoSightWithTheFocus() {
+        openWindow(960, 640)
+        bench.fillHome()
+        bench.runScan()
+        waitForRendering(window.contentItem)
+        const field = named(prompt)
+        const page = search(window.contentItem, item => item.contentY !== undefined && item.contentHeight > item.height)
+        page.contentY = 100
+        compare(field.mapToItem(window.contentItem, 0, 0).y, -80)
+        keyClick(Qt.Key_Tab, Qt.ShiftModifier)
+        compare(focusName(), prompt)
+        compare(field.mapToItem(window.contentItem, 0, 0).y, 20)
+    }
+
+    function test_beginsAnewAfterAnEarlierQuestion() {
+        openWindow()
+        bench.fillHome()
+        bench.runScan()
+        mouseClick(named(prompt))
+        keyClick("x")
+        keyClick(Qt.Key_1, Qt.ControlModifier)
+        compare(bench.section(), "home")
+        verifyText("Ask for any file —")
+        mouseClick(named(prompt))
+        keyClick("h")
+        verifyAsked("h")
+    }
+
     function test_showsTheFirstScan() {
         openWindow()
         bench.report("Desktop", 1126, 0.25, "Reading Desktop")

@@ -63,7 +63,7 @@ ScreenTest {
         keyClick(Qt.Key_F6)
         keyClick(Qt.Key_End)
         keyClick(Qt.Key_Space)
-        compare(bench.section(), "activity")
+        compare(bench.section(), "split")
     }
 
     function test_f6CyclesBetweenSidebarAndContent() {
