@@ -107,11 +107,13 @@ void Pane::list(WhenGone whenGone, std::optional<FileUrl> newPlace) {
 
 void Pane::land(Listing&& listing, const std::stop_token& stop) {
     if (listing.asked != folder.get()) return;
+    // Whoever is told may ask for another folder, or end the pane.
     folder.set(listing.listed);
+    if (stop.stop_requested()) return;
     listed_ = std::move(listing.listed);
     items.set(std::move(listing.items));
+    if (stop.stop_requested()) return;
     selection.mutate([&](auto& selected) { return keepListed(selected, items.get()); });
-    // Whoever was told may have asked for another folder.
     if (!stop.stop_requested()) loading.set(false);
 }
 

@@ -31,7 +31,9 @@ class SharedBytes::Sequence {
 
     /// What is larger takes long to read wherever it lies, and would leave much room unused before
     /// it.
-    static bool canHold(std::size_t bytes) { return bytes <= size / 16; }
+    static bool canHold(std::size_t bytes) {
+        return bytes <= size / 16;
+    }
 
     /// Null when there is no room left.
     Block* cut(std::size_t bytes) {

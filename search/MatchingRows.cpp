@@ -195,10 +195,9 @@ std::vector<std::size_t> MatchingRows::first(std::size_t limit) const {
             rows = holding(words_[word], block, rows);
         add(number, rows);
     };
-    const auto inOrder =
-        words_.empty() ? corpus_.blockCount()
-                       : std::min(reach_.rowsInOrder / SearchCorpus::rowsInBlock,
-                                  corpus_.blockCount());
+    const auto inOrder = words_.empty() ? corpus_.blockCount()
+                                        : std::min(reach_.rowsInOrder / SearchCorpus::rowsInBlock,
+                                                   corpus_.blockCount());
     for (std::size_t number = 0; number < inOrder && found.size() < limit; ++number)
         addHolding(number, passing(corpus_.block(number)), 0);
     if (inOrder == corpus_.blockCount() || found.size() >= limit) return found;

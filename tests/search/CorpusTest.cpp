@@ -2,6 +2,8 @@
 #include "tests/search/PlainAnswers.h"
 
 #include <algorithm>
+#include <array>
+#include <functional>
 #include <random>
 #include <string>
 #include <vector>
@@ -34,18 +36,34 @@ class ChangingCorpus {
     }
 
     void expectPlainAnswers() {
+        if (below(3) == 0) {
+            corpus_.sortInMemory();
+            expectOrder();
+        }
         for (const auto* question :
              {"kite", "k", "blue kite", "ärz", "pdfs", "from gmail", "big", "kite from gmail",
               "screenshots", "images blue", "today", "q", "\u0307"}) {
             const auto query = QueryParser::parse(question, now);
             for (const auto limit : {std::size_t{3}, std::size_t{10'000}}) {
-                ASSERT_EQ(ask(query, corpus_, limit), plainAsk(query, values_, limit)) << question;
-                ASSERT_EQ(ask(query, corpus_, limit), values_.ask(query, limit)) << question;
+                const auto plain = plainAsk(query, values_, limit);
+                ASSERT_EQ(ask(query, corpus_, limit), plain) << question;
+                ASSERT_EQ(values_.ask(query, limit), plain) << question;
+                for (const auto reach : shortReaches)
+                    ASSERT_TRUE(isAnsweredBy(query, corpus_, limit, reach, plain)) << question;
             }
         }
     }
 
   private:
+    void expectOrder() const {
+        std::size_t texts = 0;
+        for (const auto& row : corpus_.rows()) texts += !row.lowerText.view().empty();
+        ASSERT_EQ(corpus_.texts().size(), texts);
+        ASSERT_TRUE(std::ranges::is_sorted(corpus_.texts(), {}, &SearchCorpus::TextPlace::address));
+        for (const auto& place : corpus_.texts())
+            ASSERT_EQ(corpus_.rows()[place.row].lowerText.view().data(), place.begin);
+    }
+
     std::size_t below(std::size_t end) { return random_() % end; }
 
     FileUrl url() {
@@ -193,6 +211,72 @@ TEST(SearchCorpus, ofManyFilesAnswersPlainly) {
             for (const auto limit : {std::size_t{1}, std::size_t{501}, std::size_t{100'000}})
                 ASSERT_EQ(ask(query, corpus, limit), plainAsk(query, values, limit)) << question;
         }
+    }
+}
+
+TEST(SearchCorpus, ofManyFilesAnswersPlainlyHoweverItIsRead) {
+    const auto values = manyFiles(3'000, 50);
+    const auto corpus = values.made();
+    for (const auto* question : {"kite", "blue kite", "kite pdfs", "a b l u e k i t", "qqq"}) {
+        const auto query = QueryParser::parse(question, now);
+        for (const auto limit : {std::size_t{1}, std::size_t{70}, std::size_t{100'000}}) {
+            const auto plain = plainAsk(query, values, limit);
+            for (const auto reach : shortReaches)
+                ASSERT_TRUE(isAnsweredBy(query, corpus, limit, reach, plain)) << question;
+        }
+    }
+}
+
+TEST(SearchCorpus, givesTheFilesOfTheAnswersAlone) {
+    const auto values = manyFiles(300, 5);
+    const auto corpus = values.made();
+    const auto query = QueryParser::parse("kite", now);
+    std::vector<FileItem> files;
+    for (const auto& result : ask(query, corpus, 20)) files.push_back(result.file);
+    EXPECT_EQ(files.size(), 20U);
+    EXPECT_EQ(answers(query, corpus, 20), files);
+    EXPECT_TRUE(answers({}, corpus, 20).empty());
+}
+
+/// A question pasted from somewhere, a megabyte long.
+std::string pasted(const std::function<std::string(int)>& piece) {
+    std::string question;
+    for (int i = 0; question.size() < 1'000'000; ++i) question += piece(i);
+    return question;
+}
+
+TEST(SearchCorpus, answersAQuestionFullOfFiltersAsOneOfAFew) {
+    const auto values = manyFiles(20'000, 50);
+    const auto corpus = values.made();
+    const auto expectSame = [&](const std::string& question, const char* few) {
+        EXPECT_EQ(ask(QueryParser::parse(question, now), corpus, 100'000),
+                  ask(QueryParser::parse(few, now), corpus, 100'000))
+            << few;
+    };
+    expectSame(pasted([](int) { return "under 9 gb pdfs "; }), "under 9 gb pdfs");
+    expectSame(pasted([](int i) { return "under " + std::to_string(i % 9'000 + 9) + " gb "; }),
+               "under 9 gb");
+    expectSame(pasted([](int i) { return i % 2 == 0 ? "this year " : "this month pdfs "; }),
+               "this month pdfs");
+    expectSame(pasted([](int i) { return i % 2 == 0 ? "pdfs " : "images "; }), "pdfs images");
+}
+
+TEST(SearchCorpus, passesNoFileThatOneOfSeveralLikeFiltersKeepsOut) {
+    Corpus values;
+    for (int i = 0; i < 60; ++i) {
+        auto& file = values.add("/h/" + std::to_string(i) + ".pdf");
+        file.size = i * 1'000'000;
+        file.added = now - Seconds{86'400.0 * i};
+        values.sources[file.url] = SharedBytes(i % 2 == 0 ? "Gmail" : "Slack");
+    }
+    const auto corpus = values.made();
+    for (const auto* question :
+         {"over 3 mb over 7 mb", "over 7 mb over 3 mb", "under 3 mb under 7 mb over 1 mb",
+          "this month today", "today this month", "this month last month", "from gmail from slack",
+          "from gmail from gmail"}) {
+        const auto query = QueryParser::parse(question, now);
+        ASSERT_GE(query.filters.size(), 2U) << question;
+        EXPECT_EQ(ask(query, corpus, 100), plainAsk(query, values, 100)) << question;
     }
 }
 

@@ -2,9 +2,11 @@
 #pragma once
 
 #include "platform/Text.h"
+#include "search/MatchingRows.h"
 #include "tests/search/Corpus.h"
 
 #include <algorithm>
+#include <array>
 #include <cstddef>
 #include <optional>
 #include <string>
@@ -98,6 +100,20 @@ inline std::vector<AskResult> plainAsk(const ParsedQuery& query, const Corpus& c
                      [&](const auto& a, const auto& b) { return key(a) > key(b); });
     results.resize(std::min(results.size(), limit));
     return results;
+}
+
+/// With these, few files are as many are: texts are read in the order of memory, by one thread or
+/// two, after a block in the order of answers or from the beginning.
+inline constexpr std::array shortReaches{Reach{0, 1}, Reach{SearchCorpus::rowsInBlock, 1},
+                                         Reach{0, 1'000'000}};
+
+/// Whether the rows that answer are those of the plain answers.
+inline bool isAnsweredBy(const ParsedQuery& query, const SearchCorpus& corpus, std::size_t limit,
+                         Reach reach, const std::vector<AskResult>& plain) {
+    const auto isSame = [&](std::size_t row, const AskResult& result) {
+        return corpus.file(corpus.rows()[row]) == result.file;
+    };
+    return std::ranges::equal(MatchingRows(query, corpus, reach).first(limit), plain, isSame);
 }
 
 }  // namespace nookwise
