@@ -94,10 +94,12 @@ void AppStore::removeCopies(const ActivityEntry& entry) {
 void AppStore::putBackMoved(const ActivityEntry& entry) {
     const auto returned = putBackFiles(entry);
     relocate(wayBack(entry));
-    // A group that took another file, or none, for its kept copy would offer all of its copies.
-    const auto astray = withContents(UrlSet(returned.astray.begin(), returned.astray.end()),
-                                     files.get(), texts.get());
+    const auto astray =
+        withContents(UrlSet(returned.astray.begin(), returned.astray.end()), knownFiles());
+    // A group that took another file, or none, for its kept copy would offer all of its copies, and
+    // a tick would have that other file trashed.
     duplicates.mutate([&](auto& groups) { return removeFrom(groups, astray); });
+    checked.mutate([&](auto& ticked) { return removeFrom(ticked, astray); });
     const bool isRename = entry.effectiveKind() == ActivityEntry::Kind::rename;
     showToast(isRename ? "Old names are back" : "Moved " + countedFiles(returned.count) + " back",
               std::nullopt, ToastLife::passing);

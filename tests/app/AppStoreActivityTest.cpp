@@ -251,11 +251,22 @@ TEST_F(PutBack, keepsTheKeptCopyKept) {
     EXPECT_EQ(store->duplicates.get().front().extras().size(), 1u);
 }
 
-TEST_F(PutBack, ofAnEntryThatNamesOnePlaceTwiceStopsTheProgram) {
-    const auto entry =
-        entryOf({move("/home/a", "/folder/a"), move("/home/b", "/folder/a")}, Kind::move);
-    store->activity.set({entry});
-    EXPECT_DEATH(store->putBack(entry.id), "one place twice");
+TEST_F(PutBack, ofAnEntryThatNamesOnePlaceTwicePutsItsFileBackOnce) {
+    const auto twice = [this](Kind kind) {
+        return entryOf({move("/home/a", "/folder/a"), move("/home/b", "/folder/a")}, kind);
+    };
+    for (const auto& [kind, place] :
+         {std::pair{Kind::move, "/home/a"}, {Kind::rename, "/home/b"}}) {
+        const auto entry = twice(kind);
+        world.files.addFile("/folder/a", {.contents = "a"});
+        store->files.set({sized("/folder/a", 1)});
+        store->activity.set({entry});
+        store->putBack(entry.id);
+        EXPECT_EQ(world.files.contents(place), "a");
+        EXPECT_EQ(store->files.get(), std::vector{sized(place, 1)});
+        world.files.remove(place);
+    }
+    EXPECT_FALSE(world.files.exists(FileUrl("/home/a")));
 }
 
 TEST_F(PutBack, thatTakesLongShowsHowFarItIs) {

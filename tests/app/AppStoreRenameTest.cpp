@@ -115,6 +115,26 @@ TEST_F(Renaming, canBeUndone) {
     EXPECT_EQ(store->fileOpsVersion.get(), 2);
 }
 
+TEST_F(Renaming, thatHandsNamesOnCanBeUndone) {
+    store->applyRenames({row(b, "c.pdf"), row(a, "b.pdf")});
+    EXPECT_EQ(world.files.contents(b.path()), "a");
+    store->undoLast();
+    EXPECT_EQ(world.files.contents(a.path()), "a");
+    EXPECT_EQ(world.files.contents(b.path()), "b");
+    EXPECT_FALSE(world.files.exists(FileUrl("/home/user/Downloads/c.pdf")));
+    EXPECT_EQ(listed(), (Paths{std::string(a.path()), std::string(b.path())}));
+}
+
+TEST_F(Renaming, thatExchangesNamesCanBeUndone) {
+    store->applyRenames({row(a, "b.pdf"), row(b, "a.pdf")});
+    EXPECT_EQ(world.files.contents(a.path()), "b");
+    store->undoLast();
+    EXPECT_EQ(world.files.contents(a.path()), "a");
+    EXPECT_EQ(world.files.contents(b.path()), "b");
+    EXPECT_FALSE(world.files.exists(FileUrl("/home/user/Downloads/b (2).pdf")));
+    EXPECT_EQ(listed(), (Paths{std::string(a.path()), std::string(b.path())}));
+}
+
 TEST_F(Renaming, ofNothingIsNothing) {
     store->applyRenames({});
     store->applyRenames({row(a, "a.pdf"), row(b, "b.pdf")});

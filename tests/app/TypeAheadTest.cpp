@@ -71,6 +71,17 @@ TEST_F(TypingAName, doesNotMindCaseAndForms) {
     EXPECT_EQ(type("\u0130"), 3u);
 }
 
+TEST_F(TypingAName, takesALetterWithAnAccentForAnother) {
+    list({"Re\u0301sume\u0301.pdf", "RESUME.pdf", "re"});
+    EXPECT_EQ(type("r"), 0u);
+    EXPECT_EQ(type("e"), 1u);
+    pause();
+    current.reset();
+    EXPECT_EQ(type("r"), 0u);
+    EXPECT_EQ(type("\u00E9"), 0u);
+    EXPECT_EQ(type("S"), 0u);
+}
+
 TEST_F(TypingAName, takesSpacesAndSeveralCharactersAtOnce) {
     list({"New", "New folder"});
     EXPECT_EQ(type("new"), 0u);

@@ -99,6 +99,20 @@ TEST_F(RenamingFiles, takesNoFileForAnotherThatWentMeanwhile) {
     EXPECT_EQ(files.contents("/gone.pdf"), "/a.pdf");
 }
 
+TEST_F(RenamingFiles, givesNoPlaceTwice) {
+    add("/a.pdf");
+    add("/b.pdf");
+    // Somebody else takes the first file away as soon as it has its name.
+    const auto takeAway = [&](std::size_t done) {
+        if (done == 1) files.remove("/Invoice.pdf");
+    };
+    const std::vector rows{row("/a.pdf", "Invoice.pdf"), row("/b.pdf", "Invoice.pdf")};
+    const auto renamed = renameFiles(files, rows, takeAway);
+    EXPECT_EQ(renamed.moves, Moves{moved("/a.pdf", "/Invoice.pdf")});
+    EXPECT_EQ(renamed.failed, 1u);
+    EXPECT_EQ(files.contents("/b.pdf"), "/b.pdf");
+}
+
 TEST_F(RenamingFiles, renamesAFileOnceThatIsGivenTwice) {
     add("/a.pdf");
     const auto renamed = rename({row("/a.pdf", "A.pdf"), row("/a.pdf", "B.pdf")});
