@@ -225,6 +225,29 @@ TEST_F(Asking, findsTextsAsTheyAreReadButNotAtEveryOne) {
     EXPECT_EQ(answered.size(), 1);
 }
 
+TEST_F(Asking, looksAgainForTextsFourTimesASecondAtMost) {
+    ask("kiln");
+    QSignalSpy answered(&model, &AskModel::answered);
+    for (int batch = 0; batch < 20; ++batch) {
+        setText("/home/user/Desktop/notes.txt", "kiln " + std::to_string(batch));
+        fake.tasks.advance(50ms);
+    }
+    EXPECT_EQ(answered.size(), 4);
+}
+
+TEST_F(Asking, showsThePieceOfATextAsItIsNow) {
+    ask("invoice");
+    const auto snippet = [&] { return text(model.rows(), 1, "snippet"); };
+    EXPECT_TRUE(snippet().contains(QStringLiteral("Please find our")));
+    setText("/home/user/Downloads/scan-0091.pdf", "Another invoice");
+    landed();
+    EXPECT_TRUE(snippet().startsWith(QStringLiteral("Another"))) << snippet().toStdString();
+    setText("/home/user/Downloads/scan-0091.pdf", "nothing of the kind");
+    EXPECT_EQ(model.rows()->rowCount(), 2);
+    landed();
+    EXPECT_EQ(model.rows()->rowCount(), 1);
+}
+
 TEST_F(Asking, waitsToBeShownBeforeItLooksAgain) {
     ask("kiln");
     store->section.set(AppSection::home);

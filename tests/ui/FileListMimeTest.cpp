@@ -29,9 +29,11 @@ TEST(FileList, passesByWhatIsNoLocalFile) {
         "file:relative\r\n"
         "file:///tmp/half%4\r\n"
         "\r\n"
-        "file:///tmp/here.zip\r\n"
+        "file:///tmp/../home/climbs.zip\r\n"
+        "file:///tmp/%2e%2e\r\n"
+        "file:///tmp/..here.zip\r\n"
         "/tmp/no-address.zip\r\n";
-    EXPECT_THAT(filesIn(list), ElementsAre(FileUrl("/tmp/here.zip")));
+    EXPECT_THAT(filesIn(list), ElementsAre(FileUrl("/tmp/..here.zip")));
 }
 
 TEST(FileList, takesLinesAsOtherProgramsEndThem) {
@@ -45,7 +47,7 @@ TEST(FileList, takesLinesAsOtherProgramsEndThem) {
 }
 
 TEST(FileList, namesAFileOnce) {
-    EXPECT_THAT(filesIn(QByteArray("file:///a/b\r\nfile:///a/../a/b\r\nfile:///a//b/\r\n")),
+    EXPECT_THAT(filesIn(QByteArray("file:///a/b\r\nfile:///a/./b\r\nfile:///a//b/\r\n")),
                 ElementsAre(FileUrl("/a/b")));
 }
 

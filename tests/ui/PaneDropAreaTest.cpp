@@ -63,6 +63,7 @@ class DropArea : public SplitFixture {
     static constexpr int onGlazes = 60;
     static constexpr int onFile = 100;
     static constexpr int onHeader = 20;
+    static constexpr const char* seedList = "/home/user/Documents/Seed list.rtf";
     static constexpr const char* zip = "/home/user/Downloads/workshop.zip";
 
     PaneDropArea area;
@@ -93,26 +94,42 @@ TEST_F(DropArea, copiesThemWithCtrlHeldAsOtherProgramsDo) {
     EXPECT_EQ(enter(*ours({zip}), Qt::ControlModifier), Qt::CopyAction);
 }
 
-TEST_F(DropArea, putsThemIntoAFolderThatIsPointedAt) {
+TEST_F(DropArea, putsFilesFromElsewhereIntoItsOwnFolderOnly) {
     const auto data = ours({zip});
-    enter(*data, Qt::NoModifier, onGlazes);
-    EXPECT_EQ(area.row(), 0);
-    enter(*data, Qt::NoModifier, onFile);
+    EXPECT_EQ(enter(*data, Qt::NoModifier, onGlazes), Qt::MoveAction);
     EXPECT_EQ(area.row(), -1);
-    enter(*data, Qt::NoModifier, onHeader);
-    EXPECT_EQ(area.row(), -1);
+    const auto foreign = others("file:///home/user/Documents/Seed%20list.rtf\r\n");
+    EXPECT_EQ(enter(*foreign, Qt::NoModifier, onGlazes), Qt::IgnoreAction);
     drop(*data, Qt::NoModifier, onGlazes);
-    EXPECT_TRUE(exists("/home/user/Documents/Glazes/workshop.zip"));
+    EXPECT_TRUE(exists("/home/user/Documents/workshop.zip"));
 }
 
-TEST_F(DropArea, putsThemIntoAFolderOfTheirOwnPane) {
-    const auto data = ours({"/home/user/Documents/Seed list.rtf"});
+TEST_F(DropArea, putsFilesIntoAFolderOfTheirOwnPane) {
+    const auto data = ours({seedList});
     EXPECT_EQ(enter(*data), Qt::IgnoreAction);
     EXPECT_EQ(area.offer(), Offer::None);
     EXPECT_EQ(enter(*data, Qt::AltModifier), Qt::IgnoreAction);
+    EXPECT_EQ(enter(*data, Qt::NoModifier, onFile), Qt::IgnoreAction);
+    EXPECT_EQ(enter(*data, Qt::NoModifier, onHeader), Qt::IgnoreAction);
     EXPECT_EQ(enter(*data, Qt::NoModifier, onGlazes), Qt::MoveAction);
+    EXPECT_EQ(area.row(), 0);
     drop(*data, Qt::NoModifier, onGlazes);
     EXPECT_TRUE(exists("/home/user/Documents/Glazes/Seed list.rtf"));
+}
+
+TEST_F(DropArea, followsTheRowsThatScrollUnderAPointerAtRest) {
+    const auto data = ours({seedList});
+    EXPECT_EQ(enter(*data, Qt::NoModifier, onFile), Qt::IgnoreAction);
+    area.setProperty("rowsTop", 90.0);
+    EXPECT_EQ(area.row(), 0);
+    EXPECT_EQ(area.offer(), Offer::Move);
+    area.setProperty("rowsTop", 10.0);
+    EXPECT_EQ(area.row(), -1);
+    EXPECT_EQ(area.offer(), Offer::None);
+    QDragLeaveEvent gone;
+    QCoreApplication::sendEvent(&area, &gone);
+    area.setProperty("rowsTop", 90.0);
+    EXPECT_EQ(area.offer(), Offer::None);
 }
 
 TEST_F(DropArea, takesNoFolderIntoItself) {
@@ -146,6 +163,16 @@ TEST_F(DropArea, movesFilesOfProgramsThatOfferNothingElse) {
     EXPECT_EQ(enter(*data, Qt::NoModifier, bare, Qt::MoveAction), Qt::MoveAction);
     drop(*data, Qt::NoModifier, bare, Qt::MoveAction);
     EXPECT_FALSE(exists(zip));
+}
+
+TEST_F(DropArea, takesNoFilesThatAreOfferedAsLinksOnly) {
+    const auto data = others("file:///home/user/Downloads/workshop.zip\r\n");
+    EXPECT_EQ(enter(*data, Qt::NoModifier, bare, Qt::LinkAction), Qt::IgnoreAction);
+    EXPECT_EQ(enter(*data, Qt::ShiftModifier, bare, Qt::LinkAction), Qt::IgnoreAction);
+    EXPECT_EQ(area.offer(), Offer::None);
+    EXPECT_EQ(drop(*data, Qt::NoModifier, bare, Qt::LinkAction), Qt::IgnoreAction);
+    EXPECT_TRUE(exists(zip));
+    EXPECT_FALSE(exists("/home/user/Documents/workshop.zip"));
 }
 
 TEST_F(DropArea, leavesNobodyElseAnythingToTakeAway) {
@@ -188,7 +215,7 @@ TEST_F(DropArea, offersNothingOnceThePointerLeaves) {
 }
 
 TEST_F(DropArea, dropsIntoNoOtherFolderThanItOffered) {
-    const auto data = ours({zip});
+    const auto data = ours({seedList});
     EXPECT_EQ(enter(*data, Qt::NoModifier, onGlazes), Qt::MoveAction);
     fake.files.remove("/home/user/Documents/Glazes");
     split.show();

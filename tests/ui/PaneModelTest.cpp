@@ -122,6 +122,23 @@ TEST_F(OnePane, goesFromOneEmptyFolderToAnother) {
     EXPECT_EQ(current(), QStringLiteral("b"));
 }
 
+TEST_F(OnePane, takesNoRowsOfAnotherFolderFromTheOtherSide) {
+    left->open(rowOf(left, "Fernhill"));
+    EXPECT_EQ(left->status(), QString()) << "it is not known yet how many there are";
+    split.swapSides();
+    EXPECT_EQ(right->name(), QStringLiteral("Fernhill"));
+    EXPECT_EQ(names(right).size(), 4);
+    EXPECT_EQ(right->status(), QString());
+    EXPECT_EQ(left->status(), QStringLiteral("2 items"));
+    right->press(1, Qt::NoModifier);
+    right->selectAll();
+    EXPECT_EQ(right->selectedCount(), 0);
+    EXPECT_FALSE(right->isFolder(0));
+    run();
+    EXPECT_EQ(names(right), QStringList{"plan.pdf"});
+    EXPECT_EQ(right->status(), QStringLiteral("1 items"));
+}
+
 TEST_F(OnePane, takesNoSelectionAmongTheRowsOfTheFolderBefore) {
     left->open(rowOf(left, "Fernhill"));
     EXPECT_EQ(names(left).size(), 4);

@@ -124,6 +124,18 @@ TEST_F(PaneRowsOfAFolder, areReplacedWhenAnotherFolderIsListed) {
     EXPECT_EQ(names(left), QStringList{"plan.pdf"});
 }
 
+TEST_F(PaneRowsOfAFolder, tellAgesAsOfTheLastListing) {
+    QSignalSpy changed(&rows, &QAbstractItemModel::dataChanged);
+    fake.clock.set(fake.clock.now() + Seconds(86'400));
+    EXPECT_EQ(text(&rows, 1, "age"), QStringLiteral("1 day ago"));
+    split.show();
+    run();
+    EXPECT_EQ(text(&rows, 1, "age"), QStringLiteral("2 days ago"));
+    EXPECT_EQ(text(&rows, 1, "spoken"), QStringLiteral("Invoice 2207.pdf, 2 MB, 2 days ago"));
+    ASSERT_EQ(changed.size(), 1) << "of the rows as a whole";
+    EXPECT_EQ(changed[0][2].value<QList<int>>().size(), 2);
+}
+
 TEST_F(PaneRowsOfAFolder, areLeftAloneByAListingThatSaysTheSame) {
     QSignalSpy changed(&rows, &QAbstractItemModel::dataChanged);
     split.show();

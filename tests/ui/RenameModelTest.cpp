@@ -178,6 +178,19 @@ TEST_F(RenameModelTest, losesRowsOfFilesThatGo) {
     EXPECT_EQ(ticks(), (QStringList{"false", "false", "true", "true"}));
 }
 
+TEST_F(RenameModelTest, carriesNoTickToAnotherFileInItsPlace) {
+    openSome();
+    model.turn(0);
+    auto files = *store->renameFiles.get();
+    std::swap(files[0], files[1]);
+    store->renameFiles.set(files);
+    EXPECT_EQ(ticks(), (QStringList{"true", "false", "false", "true"}));
+    files[1] = add("new.pdf", "A new letter");
+    files[1].size = 77;
+    store->renameFiles.set(files);
+    EXPECT_EQ(ticks(), (QStringList{"true", "true", "false", "true"}));
+}
+
 TEST_F(RenameModelTest, keepsTheTicksOfFilesThatMove) {
     openSome();
     model.turn(0);

@@ -127,20 +127,20 @@ int AskRows::rowNow(std::size_t rowBefore) const {
 }
 
 const std::optional<std::string>& AskRows::snippetOf(const FileItem& file) const {
-    const auto [place, isNew] = snippets_.try_emplace(file.url);
-    if (isNew) place->second = makeSnippet_(file.url, words_);
-    return place->second;
+    const auto [known, isNew] = snippets_.try_emplace(file.url);
+    if (isNew) known->second = makeSnippet_(file.url, words_);
+    return known->second;
 }
 
 QString AskRows::markedSnippet(const FileItem& file) const {
-    const auto& snippet = snippetOf(file);
-    if (!snippet) return {};
-    return markedText(beginning(*snippet, longestSnippet), words_).markup;
+    const auto& piece = snippetOf(file);
+    if (!piece) return {};
+    return markedText(beginning(*piece, longestSnippet), words_).markup;
 }
 
 QString AskRows::spokenText(const FileItem& file) const {
-    const auto& snippet = snippetOf(file);
-    return snippet ? shown(beginning(*snippet, longestSnippet)) : spokenFolderOf(file.url, home_);
+    const auto& piece = snippetOf(file);
+    return piece ? shown(beginning(*piece, longestSnippet)) : spokenFolderOf(file.url, home_);
 }
 
 }  // namespace nookwise

@@ -1,8 +1,8 @@
 // The files that answer a question.
 #pragma once
 
-#include "platform/Date.h"
 #include "model/FileItem.h"
+#include "platform/Date.h"
 #include "ui/bridge/ReplacedRows.h"
 
 #include <QAbstractListModel>
@@ -25,8 +25,8 @@ class AskRows : public QAbstractListModel {
     using Snippet = std::function<std::optional<std::string>(
         const FileUrl& url, const std::vector<std::string>& words)>;
 
-    AskRows(FileUrl home, Snippet snippet)
-        : home_(std::move(home)), makeSnippet_(std::move(snippet)) {}
+    AskRows(FileUrl home, Snippet makeSnippet)
+        : home_(std::move(home)), makeSnippet_(std::move(makeSnippet)) {}
 
     int rowCount(const QModelIndex& parent = {}) const override;
     QVariant data(const QModelIndex& index, int role) const override;

@@ -24,8 +24,7 @@ PaneDropArea::Offer askedBy(const QDropEvent& event) {
     }
     const bool canMove = event.possibleActions().testFlag(Qt::MoveAction);
     const bool canCopy = event.possibleActions().testFlag(Qt::CopyAction);
-    if (canMove && (!canCopy || keys.testFlag(Qt::ShiftModifier)))
-        return PaneDropArea::Offer::Move;
+    if (canMove && (!canCopy || keys.testFlag(Qt::ShiftModifier))) return PaneDropArea::Offer::Move;
     return canCopy ? PaneDropArea::Offer::Copy : PaneDropArea::Offer::None;
 }
 

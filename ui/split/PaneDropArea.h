@@ -1,4 +1,5 @@
-// Where files may be dropped: the folder of a pane, or, for files of its own, a folder that it lists.
+// Where files may be dropped: the folder of a pane, or, for files of its own, a folder that it
+// lists.
 #pragma once
 
 #include "ui/split/PaneModel.h"

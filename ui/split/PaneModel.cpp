@@ -18,6 +18,19 @@ namespace {
 /// A folder that is read sooner is not said to be read at all.
 constexpr std::chrono::milliseconds patience{200};
 
+/// In the order of the list, which may be long: looks no further than the last one.
+template <typename Visit>
+void forEachSelected(const Pane& pane, Visit visit) {
+    const auto& urls = pane.selection.get();
+    auto left = urls.size();
+    for (const auto& item : pane.items.get()) {
+        if (left == 0) return;
+        if (!urls.contains(item.url)) continue;
+        --left;
+        visit(item);
+    }
+}
+
 }  // namespace
 
 PaneModel::PaneModel(AppStore& store, SplitView& view, SplitView::Side side,
@@ -87,10 +100,7 @@ int PaneModel::currentRow() const {
 
 std::vector<Pane::Item> PaneModel::selectedItems() const {
     std::vector<Pane::Item> selected;
-    const auto& urls = pane_.selection.get();
-    if (urls.empty()) return selected;
-    std::ranges::copy_if(pane_.items.get(), std::back_inserter(selected),
-                         [&](const auto& found) { return urls.contains(found.url); });
+    forEachSelected(pane_, [&](const Pane::Item& item) { selected.push_back(item); });
     return selected;
 }
 
@@ -133,11 +143,11 @@ const Pane::Item* PaneModel::item(int row) const {
 void PaneModel::countSelected() {
     selectedBytes_ = 0;
     filesSelected_ = false;
-    for (const auto& selected : selectedItems()) {
-        if (selected.isFolder) continue;
+    forEachSelected(pane_, [this](const Pane::Item& selected) {
+        if (selected.isFolder) return;
         filesSelected_ = true;
         selectedBytes_ = byteSum(selectedBytes_, selected.size);
-    }
+    });
     emit changed();
 }
 

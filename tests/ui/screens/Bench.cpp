@@ -2,6 +2,7 @@
 
 #include "platform/Text.h"
 #include "ui/bridge/ThumbnailProvider.h"
+#include "ui/split/FileListMime.h"
 
 #include <QClipboard>
 #include <QDropEvent>
@@ -10,6 +11,7 @@
 #include <QQmlComponent>
 #include <QStyleHints>
 #include <algorithm>
+#include <utility>
 
 namespace nookwise {
 
@@ -293,7 +295,8 @@ void Bench::startMoving() {
 }
 
 bool Bench::dragOver(double x, double y, const QString& list, int keys) {
-    if (!dragged_) dragged_ = std::make_unique<Dragged>(Dragged{.data = std::make_unique<QMimeData>()});
+    if (!dragged_)
+        dragged_ = std::make_unique<Dragged>(Dragged{.data = std::make_unique<QMimeData>()});
     dragged_->data->setData(QStringLiteral("text/uri-list"), list.toUtf8());
     return dragTo({x, y}, keys);
 }

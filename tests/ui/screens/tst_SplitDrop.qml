@@ -6,6 +6,7 @@ SplitTest {
     name: "SplitDrop"
 
     readonly property string fresh: "file:///tmp/fresh%20file.zip\r\n"
+    readonly property string ownFile: "file:///home/user/Downloads/workshop.zip\r\n"
 
     function openWithFresh() {
         openSplit()
@@ -17,6 +18,57 @@ SplitTest {
         const taken = bench.dragOver(point.x, point.y, list, keys)
         waitForRendering(window.contentItem)
         return taken
+    }
+
+    function ownOver(side, x, y, list, keys = Qt.NoModifier): bool {
+        const point = pane(side).mapToItem(null, x, y)
+        const taken = bench.dragOwnOver(point.x, point.y, list, keys)
+        waitForRendering(window.contentItem)
+        return taken
+    }
+
+    function verifyOwnHint() {
+        verifyText("Drop to move here")
+        verifyText("Hold ⌥ to copy instead")
+    }
+
+    function verifyNoHint() {
+        verifyNoText("Drop to move here")
+        verifyNoText("Hold ⌥ to copy instead")
+        verifyNoText("Drop to copy here")
+    }
+
+    function test_saysOnTheOtherSideHowToMoveAndToCopy() {
+        openSplit()
+        verify(ownOver("Right", 200, 400, ownFile))
+        verifyOwnHint()
+        verify(ownOver("Right", 200, 400, ownFile, Qt.AltModifier))
+        verifyOwnHint()
+        const glazes = row("Right", "Glazes").mapToItem(pane("Right"), 100, 20)
+        verify(ownOver("Right", glazes.x, glazes.y, ownFile))
+        verifyOwnHint()
+        verify(!row("Right", "Glazes").target)
+        bench.dragAway()
+        waitForRendering(window.contentItem)
+        verifyNoHint()
+    }
+
+    function test_saysNothingOverTheSideThatTheFilesComeFrom() {
+        openSplit()
+        verify(!ownOver("Left", 200, 400, ownFile))
+        verifyNoHint()
+        verify(!ownOver("Left", 200, 400, ownFile, Qt.AltModifier))
+        verifyNoHint()
+        bench.dragAway()
+    }
+
+    function test_copiesToTheOtherSideWithAltHeld() {
+        openSplit()
+        verify(ownOver("Right", 200, 400, ownFile, Qt.AltModifier))
+        verify(bench.dropDragged())
+        settle()
+        verify(bench.exists("/home/user/Downloads/workshop.zip"))
+        verify(bench.exists("/home/user/Documents/workshop.zip"))
     }
 
     function test_showsWhatADropWouldDo() {
@@ -45,14 +97,14 @@ SplitTest {
     }
 
     function test_marksTheFolderThatWouldTakeTheFiles() {
-        openWithFresh()
+        openSplit()
         const glazes = row("Right", "Glazes").mapToItem(pane("Right"), 100, 20)
-        verify(over("Right", glazes.x, glazes.y))
+        verify(ownOver("Right", glazes.x, glazes.y, "file:///home/user/Documents/Seed%20list.rtf\r\n"))
         verify(row("Right", "Glazes").target)
-        verifyNoText("Drop to copy here")
+        verifyNoHint()
         verify(bench.dropDragged())
         settle()
-        verify(bench.exists("/home/user/Documents/Glazes/fresh file.zip"))
+        verify(bench.exists("/home/user/Documents/Glazes/Seed list.rtf"))
         verify(!row("Right", "Glazes").target)
     }
 

@@ -75,6 +75,61 @@ SplitTest {
         compare(window.activeFocusItem.Accessible.name, "Swap sides")
     }
 
+    function listRing(side) {
+        return search(pane(side), item => item.around !== undefined && item.parent.rowsTop !== undefined)
+    }
+
+    function test_theFocusOutlivesTheButtonThatPassesFiles_data() {
+        return [
+            {tag: "move", name: "Move selected to the other side"},
+            {tag: "copy", name: "Copy selected to the other side"},
+            {tag: "bar", name: "Move to other side"}
+        ]
+    }
+
+    function test_theFocusOutlivesTheButtonThatPassesFiles(data) {
+        openSplit()
+        press(Qt.Key_End)
+        named(data.name).forceActiveFocus(Qt.TabFocusReason)
+        keyClick(Qt.Key_Return)
+        verify(hasFocus("Left"))
+        settle()
+        verify(hasFocus("Left"))
+        verify(bench.exists("/home/user/Documents/workshop.zip"))
+        press(Qt.Key_Home)
+        compare(ringName("Left"), "Fernhill")
+    }
+
+    function test_theFocusOutlivesTheWayUp() {
+        openSplit()
+        named("Up one folder").forceActiveFocus(Qt.TabFocusReason)
+        press(Qt.Key_Return)
+        compare(selectedNames("Left"), ["Downloads"])
+        verify(hasFocus("Left"))
+        compare(ringName("Left"), "Downloads")
+    }
+
+    function test_theRingIsAroundTheListWhileNoRowHasIt() {
+        openSplit()
+        press(Qt.Key_Right)
+        verify(listRing("Right"))
+        verify(!listRing("Left"))
+        press(Qt.Key_Down)
+        verify(!listRing("Right"))
+        compare(ringName("Right"), "Glazes")
+        mouseClick(pane("Left"), 200, 400)
+        verify(!listRing("Left"))
+    }
+
+    function test_offersTheMenuOfEverythingWhileNoRowHasTheKeyboard() {
+        openSplit()
+        press(Qt.Key_A, Qt.ControlModifier)
+        keyClick(Qt.Key_Menu)
+        tryVerify(() => findText("Move to Trash"))
+        compare(selectedNames("Left").length, 4)
+        keyClick(Qt.Key_Escape)
+    }
+
     function test_opensAndGoesUp() {
         openSplit()
         press(Qt.Key_Down)
