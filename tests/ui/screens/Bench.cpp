@@ -188,7 +188,7 @@ void Bench::setText(const QString& path, const QString& text) {
     };
     application_->store->texts.mutate(put(bytes));
     application_->store->lowerTexts.mutate(put(lowercased(bytes)));
-    application_->fake.tasks.advance(std::chrono::milliseconds(50));
+    application_->fake.tasks.advance(std::chrono::milliseconds(250));
 }
 
 void Bench::land(const QString& path) {
@@ -199,12 +199,12 @@ void Bench::land(const QString& path) {
     std::vector<FileItem> files = application_->store->files.get();
     files.push_back(std::move(file));
     application_->store->files.set(std::move(files));
-    application_->fake.tasks.advance(std::chrono::milliseconds(50));
+    application_->fake.tasks.advance(std::chrono::milliseconds(250));
 }
 
 void Bench::loseFiles() {
     application_->store->files.set({});
-    application_->fake.tasks.advance(std::chrono::milliseconds(50));
+    application_->fake.tasks.advance(std::chrono::milliseconds(250));
 }
 
 void Bench::passMinutes(int minutes) {
@@ -213,7 +213,7 @@ void Bench::passMinutes(int minutes) {
 }
 
 void Bench::passMoment() {
-    application_->fake.tasks.advance(std::chrono::milliseconds(50));
+    application_->fake.tasks.advance(std::chrono::milliseconds(250));
 }
 
 void Bench::setIndexing(int done, int total) {
