@@ -131,8 +131,9 @@ constexpr std::size_t blockSize = 64;
 
 using Flags = std::array<std::uint8_t, blockSize>;
 
-bool isBetween(std::uint8_t byte, std::uint8_t first, std::uint8_t last) {
-    return static_cast<std::uint8_t>(byte - first) <= last - first;
+/// 1 or 0, to be joined without a branch.
+std::uint8_t isBetween(std::uint8_t byte, std::uint8_t first, std::uint8_t last) {
+    return static_cast<std::uint8_t>(byte - first) <= last - first ? 1 : 0;
 }
 
 /// How many code points begin in a block that begins with one. 0 unless each of them is one whose
@@ -147,9 +148,9 @@ std::size_t codePointsAlone(const char* block) {
     std::size_t begun = 0;
     for (std::size_t i = 0; i < blockSize; ++i) {
         const auto byte = static_cast<std::uint8_t>(block[i]);
-        const bool follows = isBetween(byte, 0x80, 0xBF);
-        const bool two = isBetween(byte, 0xC2, 0xCB) | isBetween(byte, 0xD0, 0xD1);
-        const bool three = isBetween(byte, 0xE4, 0xE9) | isBetween(byte, 0xEB, 0xEC);
+        const bool follows = isBetween(byte, 0x80, 0xBF) != 0;
+        const bool two = (isBetween(byte, 0xC2, 0xCB) | isBetween(byte, 0xD0, 0xD1)) != 0;
+        const bool three = (isBetween(byte, 0xE4, 0xE9) | isBetween(byte, 0xEB, 0xEC)) != 0;
         const bool ascii = (byte < 0x80) & (byte != '\r');
         ofTwo[i] = two;
         ofThree[i] = three;
